@@ -55,7 +55,7 @@ public:
 
     int GetLength() const noexcept { return static_cast<int>(size()); }
     bool IsEmpty() const noexcept { return size() == 0; }
-    const char* c_str() const noexcept { return m_Text ? m_Text : ""; }
+    const char* c_str() const noexcept { return m_Text ? m_Text : Nothing; }
     operator const char*() const noexcept { return c_str(); }
     std::string_view View() const noexcept { return {c_str(), size()}; }
 
@@ -105,7 +105,8 @@ public:
     SYS_String& Append(const char* text, std::size_t length);
     SYS_String& Append(std::string_view text) { return Append(text.data(), text.size()); }
     SYS_String& Append(char character) {
-        if (m_Text && header()->refs == 1 && header()->length < header()->capacity) [[likely]] {
+        if (m_Text && header()->refs == 1 && header()->length < header()->capacity &&
+            header()->length < s_MaxBytes) [[likely]] {
             m_Text[header()->length++] = character;
             m_Text[header()->length] = '\0';
             return *this;
@@ -223,6 +224,8 @@ private:
 
     char* m_Text = nullptr;
 
+    // One empty text for all, since callers measure from c_str() to where a parse has stopped.
+    static constexpr char Nothing[1] = {};
     static std::size_t s_MaxBytes;
 };
 
@@ -245,17 +248,13 @@ inline SYS_String operator+(const SYS_String& a, const char* b) {
     result += b;
     return result;
 }
-inline SYS_String operator+(SYS_String&& a, const char* b) {
-    return std::move(a += b);
-}
+inline SYS_String operator+(SYS_String&& a, const char* b) { return std::move(a += b); }
 inline SYS_String operator+(const SYS_String& a, char b) {
     SYS_String result(a);
     result += b;
     return result;
 }
-inline SYS_String operator+(SYS_String&& a, char b) {
-    return std::move(a += b);
-}
+inline SYS_String operator+(SYS_String&& a, char b) { return std::move(a += b); }
 inline SYS_String operator+(const char* a, const SYS_String& b) {
     SYS_String result(a);
     result.Append(b.View());
@@ -308,8 +307,6 @@ constexpr char SYS_ToLower(char c) noexcept {
 constexpr char SYS_ToUpper(char c) noexcept {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
 }
-constexpr bool SYS_IsSpace(char c) noexcept {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
+constexpr bool SYS_IsSpace(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 } // namespace kel_ns
