@@ -48,6 +48,12 @@ constexpr SCC_HashValue SCC_Hash(unsigned long long key) noexcept {
 constexpr SCC_HashValue SCC_Hash(__int64 key) noexcept {
     return SCC_Hash(static_cast<unsigned long long>(key));
 }
+constexpr SCC_HashValue SCC_Hash(long key) noexcept {
+    return SCC_Hash(static_cast<unsigned long long>(key));
+}
+constexpr SCC_HashValue SCC_Hash(unsigned long key) noexcept {
+    return SCC_Hash(static_cast<unsigned long long>(key));
+}
 template <class T> SCC_HashValue SCC_Hash(T* key) noexcept {
     return SCC_Hash(static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(key)));
 }

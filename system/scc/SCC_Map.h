@@ -156,7 +156,7 @@ private:
     }
 
     std::size_t bucketOf(SCC_HashValue hash) const noexcept {
-        return hash.hash % static_cast<unsigned>(m_TableSize);
+        return hash.hash & static_cast<unsigned>(m_TableSize - 1); // sizes are powers of two
     }
     static std::size_t tableBytes(int size) noexcept {
         return static_cast<std::size_t>(size) * sizeof(Node*);

@@ -3,6 +3,7 @@
 #include <SCL_StaticAlloc.h>
 #include <SCL_Types.h>
 
+#include <compare>
 #include <concepts>
 #include <cstdarg>
 #include <cstddef>
@@ -57,6 +58,7 @@ public:
     bool IsEmpty() const noexcept { return size() == 0; }
     const char* c_str() const noexcept { return m_Text ? m_Text : Nothing; }
     operator const char*() const noexcept { return c_str(); }
+    explicit operator bool() const = delete; // would always be true; ask IsEmpty()
     std::string_view View() const noexcept { return {c_str(), size()}; }
 
     // The byte at the index; NUL outside the string.
@@ -178,11 +180,12 @@ public:
     friend bool operator==(const SYS_String& a, const char* b) noexcept {
         return a.View() == viewOf(b);
     }
-    friend bool operator<(const SYS_String& a, const SYS_String& b) noexcept {
-        return a.Compare(b) < 0;
+    friend std::strong_ordering operator<=>(const SYS_String& a, const SYS_String& b) noexcept {
+        return a.Compare(b) <=> 0;
     }
-    friend bool operator<(const SYS_String& a, const char* b) noexcept { return a.Compare(b) < 0; }
-    friend bool operator<(const char* a, const SYS_String& b) noexcept { return b.Compare(a) > 0; }
+    friend std::strong_ordering operator<=>(const SYS_String& a, const char* b) noexcept {
+        return a.Compare(b) <=> 0;
+    }
 
 protected:
     static std::string_view viewOf(const char* text) noexcept {
@@ -288,8 +291,15 @@ public:
     friend bool operator==(const SYS_StrNoCase& a, const char* b) noexcept {
         return a.equals(viewOf(b));
     }
-    friend bool operator<(const SYS_StrNoCase& a, const SYS_StrNoCase& b) noexcept {
-        return a.CompareNoCase(b) < 0;
+    friend std::strong_ordering operator<=>(const SYS_StrNoCase& a,
+                                            const SYS_StrNoCase& b) noexcept {
+        return a.CompareNoCase(b) <=> 0;
+    }
+    friend std::strong_ordering operator<=>(const SYS_StrNoCase& a, const SYS_String& b) noexcept {
+        return a.CompareNoCase(b) <=> 0;
+    }
+    friend std::strong_ordering operator<=>(const SYS_StrNoCase& a, const char* b) noexcept {
+        return a.CompareNoCase(b) <=> 0;
     }
 
 private:

@@ -2,6 +2,8 @@
 
 #include <SCC_SharedPointer.h>
 
+#include <memory>
+
 using namespace kel_ns;
 
 namespace {
@@ -31,9 +33,9 @@ TEST(tRefCounted, CountsFromZeroAndDeletesAtTheLastRelease) {
     auto* object = new Object;
     EXPECT_EQ(object->AddRef(nullptr), 1);
     EXPECT_EQ(object->AddRef(&asserts), 2);
-    Object copy(*object);
-    EXPECT_EQ(copy.AddRef(nullptr), 1);
-    *object = copy;
+    auto copy = std::make_unique<Object>(*object);
+    EXPECT_EQ(copy->AddRef(nullptr), 1);
+    *object = *copy;
     EXPECT_EQ(object->Release(nullptr), 1);
     EXPECT_EQ(s_Alive, 2);
     EXPECT_EQ(object->Release(nullptr), 0);
@@ -42,22 +44,22 @@ TEST(tRefCounted, CountsFromZeroAndDeletesAtTheLastRelease) {
 
 TEST(tRefCounted, DisabledCountLeavesTheObjectAlone) {
     AssertRecorder asserts;
-    Object object;
-    object.DisableRefCount();
-    EXPECT_TRUE(object.RefCountDisabled());
-    EXPECT_EQ(object.AddRef(nullptr), -1);
-    EXPECT_EQ(object.Release(nullptr), -1);
-    SCL_Pointer<Object> pointer(&object);
+    auto object = std::make_unique<Object>();
+    object->DisableRefCount();
+    EXPECT_TRUE(object->RefCountDisabled());
+    EXPECT_EQ(object->AddRef(nullptr), -1);
+    EXPECT_EQ(object->Release(nullptr), -1);
+    SCL_Pointer<Object> pointer(object.get());
     pointer = nullptr;
     EXPECT_EQ(s_Alive, 1);
 }
 
 TEST(tRefCounted, ReleaseByNobodyIsAnAssertion) {
     AssertRecorder asserts;
-    Object object;
-    object.Release(nullptr);
+    auto object = std::make_unique<Object>();
+    object->Release(nullptr);
     EXPECT_EQ(asserts.Take().size(), 1u);
-    EXPECT_EQ(object.AddRef(nullptr), 1);
+    EXPECT_EQ(object->AddRef(nullptr), 1);
 }
 
 TEST(SCL_Pointer, OwnsByCount) {

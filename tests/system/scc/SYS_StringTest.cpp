@@ -175,6 +175,8 @@ TEST(SYS_String, ComparesUnsignedBytesAndFoldsAsciiOnly) {
     EXPECT_LT(SYS_String("a"), SYS_String("b"));
     EXPECT_LT(SYS_String("z"), "\xe4");
     EXPECT_LT("B", SYS_String("a"));
+    EXPECT_GE(SYS_String("b"), SYS_String("ab")); // and not by address
+    EXPECT_GE(SYS_StrNoCase("B"), SYS_StrNoCase("ab"));
     EXPECT_EQ(SYS_String("STRASSE").CompareNoCase("strasse"), 0);
     EXPECT_LT(SYS_String("a_").CompareNoCase("AB"), 0);
     EXPECT_NE(SYS_String("\xc4").CompareNoCase("\xe4"), 0);
