@@ -48,6 +48,8 @@ public:
 
     static int GetReturnValue();
     static void RequestExit(int code);
+    /// Runs the dialog block of that object, from inside the host's modal dialog.
+    static PlaybackResultCode ContinuePlayback(char const* name);
     static int InRecordMode();
     static int InPlaybackMode();
     static int GetCompressID();

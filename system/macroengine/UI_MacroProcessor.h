@@ -158,6 +158,8 @@ public:
     MacroSource* GetSource() const { return m_Source; }
     MacroOutput* GetOutput() const { return m_Output; }
     void SetOutput(MacroOutput* output);
+    /// The same, with nothing held back from an earlier recording.
+    void BeginRecording(MacroOutput* output);
     ExecutionMode GetExecutionMode() const { return m_ExecutionMode; }
     void SetExecutionMode(ExecutionMode mode);
     virtual bool IsExecuting() const;
@@ -360,6 +362,9 @@ protected:
     bool ParseLine(SYS_String& text);
     MacroPlaybackResult Finish();
     MacroPlaybackResult ResumeWith(char const* name);
+    UI_MacroVariant* findDialog(char const* name);
+    MacroPlaybackResult runDialogBlock(ParserTree::NodeImpl<ParserTree::With, true>& with,
+                                       ParserTree::Step start);
     bool stopOnError(MacroException& error);
     bool CheckBreak(const ParserTree::Step& step);
     bool takeStep(ParserTree::Step& step, ExecutionMode mode);
