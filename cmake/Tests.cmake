@@ -21,10 +21,11 @@ if(TARGET kel_mcr)
         target_include_directories(kel_mcr_tests PRIVATE
             ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests ${GENERATED_DIR})
         target_link_libraries(kel_mcr_tests PRIVATE kel_mcr::kel_mcr GTest::gtest kel_mcr_flags)
-        add_dependencies(kel_mcr_tests ${EXAMPLES})
-        if(TARGET mcr)
-            add_dependencies(kel_mcr_tests mcr)
-        endif()
+        foreach(program IN LISTS EXAMPLES ITEMS mcr)
+            if(TARGET ${program})
+                add_dependencies(kel_mcr_tests ${program})
+            endif()
+        endforeach()
 
         # The suites are listed when ctest runs: one process for each suite instead of one for
         # each test keeps a run short.
