@@ -331,6 +331,7 @@ private:
     void invokeObjectIfNeeded();
     void putObjectVal(const UI_MacroVariant& value, bool byRef);
     SYS_String describeKind() const;
+    const UI_MacroArray* dimension(int dim) const;
     static void setBounds(const _ArraySubscript* subs, UI_MacroVariant& v);
 
     Role m_Role = Role::Plain;

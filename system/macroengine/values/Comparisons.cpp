@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "values/ArrayNesting.h"
+#include "values/ArrayLimits.h"
 
 using Role = UI_MacroVariant::Role;
 
@@ -54,11 +54,13 @@ UI_MacroVariant::Operators::EqualArrays(const UI_MacroVariant& a, const UI_Macro
             open.pop_back();
             continue;
         }
-        int index = top.next++;
+        const UI_MacroVariant& elementA = top.a.GetData()[top.next];
+        const UI_MacroVariant& elementB = top.b.GetData()[top.next];
+        ++top.next;
         UI_MacroVariant tempA;
         UI_MacroVariant tempB;
-        const UI_MacroVariant* left = Read(tempA, top.a.GetData()[index]);
-        const UI_MacroVariant* right = Read(tempB, top.b.GetData()[index]);
+        const UI_MacroVariant* left = Read(tempA, elementA);
+        const UI_MacroVariant* right = Read(tempB, elementB);
         if (!left || !right) {
             Fail(errObjectIsNothing);
             return Answer::No;

@@ -32,9 +32,9 @@ void assertNoPendingCall(const UI_MacroVariant& object) {
 } // namespace
 
 UI_MacroVariant* readTarget(const UI_MacroVariant& reference) {
-    UI_MacroVariant* body = reference.getBody();
-    if (!SCL_ASSERT(body != &reference, "A reference to itself"))
+    if (!SCL_ASSERT(reference.getRefVal() != &reference, "A reference to itself"))
         return nullptr;
+    UI_MacroVariant* body = reference.getBody();
     if (body && body->GetRole() != UI_MacroVariant::Role::Variable)
         body->InitRVal();
     return body;

@@ -53,6 +53,8 @@ VariantValueType UI_MacroVariant::GetSuperiorType(VariantValueType other) const 
 
 const UI_MacroVariant* UI_MacroVariant::Operators::Read(UI_MacroVariant& temp,
                                                         const UI_MacroVariant& operand) {
+    if (const UI_MacroVariant* scalar = readScalar(operand))
+        return scalar;
     const UI_MacroVariant& source = temp.derefObject(operand);
     if (source.m_Type == vvtReference && !source.isConstant())
         readTarget(source);
