@@ -59,8 +59,10 @@ UI_MacroVariant::Operators::EqualArrays(const UI_MacroVariant& a, const UI_Macro
         ++top.next;
         UI_MacroVariant tempA;
         UI_MacroVariant tempB;
-        const UI_MacroVariant* left = Read(tempA, elementA);
-        const UI_MacroVariant* right = Read(tempB, elementB);
+        const UI_MacroVariant& resolvedA = Resolve(tempA, elementA);
+        const UI_MacroVariant& resolvedB = Resolve(tempB, elementB);
+        const UI_MacroVariant* left = Find(resolvedA);
+        const UI_MacroVariant* right = Find(resolvedB);
         if (!left || !right) {
             Fail(errObjectIsNothing);
             return Answer::No;

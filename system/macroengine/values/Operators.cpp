@@ -51,14 +51,18 @@ VariantValueType UI_MacroVariant::GetSuperiorType(VariantValueType other) const 
     return m_Type > other ? m_Type : other;
 }
 
-const UI_MacroVariant* UI_MacroVariant::Operators::Read(UI_MacroVariant& temp,
-                                                        const UI_MacroVariant& operand) {
-    if (const UI_MacroVariant* scalar = readScalar(operand))
-        return scalar;
+const UI_MacroVariant& UI_MacroVariant::Operators::Resolve(UI_MacroVariant& temp,
+                                                           const UI_MacroVariant& operand) {
+    if (readScalar(operand))
+        return operand;
     const UI_MacroVariant& source = temp.derefObject(operand);
     if (source.m_Type == vvtReference && !source.isConstant())
         readTarget(source);
-    const UI_MacroVariant* value = source.GetRVal();
+    return source;
+}
+
+const UI_MacroVariant* UI_MacroVariant::Operators::Find(const UI_MacroVariant& resolved) {
+    const UI_MacroVariant* value = resolved.GetRVal();
     return value ? &liveElement(*value) : nullptr;
 }
 
@@ -66,8 +70,10 @@ UI_MacroVariant UI_MacroVariant::Operators::ApplyAny(const UI_MacroVariant& lhs,
                                                      const UI_MacroVariant& rhs, Compute& compute) {
     UI_MacroVariant tempA;
     UI_MacroVariant tempB;
-    const UI_MacroVariant* a = Read(tempA, lhs);
-    const UI_MacroVariant* b = Read(tempB, rhs);
+    const UI_MacroVariant& left = Resolve(tempA, lhs);
+    const UI_MacroVariant& right = Resolve(tempB, rhs);
+    const UI_MacroVariant* a = Find(left);
+    const UI_MacroVariant* b = Find(right);
     if (!a || !b)
         return Fail(errObjectIsNothing);
     return compute(*a, *b);
@@ -78,7 +84,7 @@ UI_MacroVariant UI_MacroVariant::Operators::ApplyOne(const UI_MacroVariant& oper
     if (const UI_MacroVariant* scalar = readScalar(operand))
         return compute(*scalar);
     UI_MacroVariant temp;
-    const UI_MacroVariant* a = Read(temp, operand);
+    const UI_MacroVariant* a = Find(Resolve(temp, operand));
     return a ? compute(*a) : Fail(errObjectIsNothing);
 }
 
@@ -298,8 +304,10 @@ UI_MacroVariant UI_MacroVariant::operator|(const UI_MacroVariant& rhs) const {
         return combineBits(*a, *b, a->m_Payload.integer | b->m_Payload.integer);
     UI_MacroVariant tempA;
     UI_MacroVariant tempB;
-    a = Operators::Read(tempA, *this);
-    b = Operators::Read(tempB, rhs);
+    const UI_MacroVariant& left = Operators::Resolve(tempA, *this);
+    const UI_MacroVariant& right = Operators::Resolve(tempB, rhs);
+    a = Operators::Find(left);
+    b = Operators::Find(right);
     if (a && b)
         return combineBits(*a, *b, a->m_Payload.integer | b->m_Payload.integer);
     const UI_MacroVariant* known = a ? a : b;
@@ -313,8 +321,10 @@ UI_MacroVariant UI_MacroVariant::operator&(const UI_MacroVariant& rhs) const {
         return combineBits(*a, *b, a->m_Payload.integer & b->m_Payload.integer);
     UI_MacroVariant tempA;
     UI_MacroVariant tempB;
-    a = Operators::Read(tempA, *this);
-    b = Operators::Read(tempB, rhs);
+    const UI_MacroVariant& left = Operators::Resolve(tempA, *this);
+    const UI_MacroVariant& right = Operators::Resolve(tempB, rhs);
+    a = Operators::Find(left);
+    b = Operators::Find(right);
     if (a && b)
         return combineBits(*a, *b, a->m_Payload.integer & b->m_Payload.integer);
     const UI_MacroVariant* known = a ? a : b;

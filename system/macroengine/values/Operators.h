@@ -42,8 +42,11 @@ struct UI_MacroVariant::Operators {
         return a.m_Type == vvtInteger || a.m_Type == vvtDouble;
     }
 
-    /// The operand as operators see it; null for Null. `temp` holds what a default member gave.
-    static const UI_MacroVariant* Read(UI_MacroVariant& temp, const UI_MacroVariant& operand);
+    /// The operand with objects read through their default member, which `temp` then holds. This
+    /// may run code, after which values found before may be gone: find the values last.
+    static const UI_MacroVariant& Resolve(UI_MacroVariant& temp, const UI_MacroVariant& operand);
+    /// The value of a resolved operand; null for Null. Runs nothing.
+    static const UI_MacroVariant* Find(const UI_MacroVariant& resolved);
 
     /// Reads both operands, the left one first, and computes. Null fails.
     template <Compute& compute>
