@@ -327,6 +327,10 @@ private:
     void moveFrom(UI_MacroVariant& src) noexcept;
     void clearRest();
     bool hasRest() const;
+    bool holdsShapedArray() const {
+        return m_Type == vvtArray &&
+               (m_IdOrArrayType == ArrayFixed || m_IdOrArrayType == ArrayDynamic);
+    }
     void setCounted(IUnknown* object);
     void invokeObjectIfNeeded();
     void putObjectVal(const UI_MacroVariant& value, bool byRef);
