@@ -140,6 +140,7 @@ public:
     virtual UI_MacroVariant* operator->() const;
     /// The element of an index between the bounds. Raises: 29.
     virtual UI_MacroVariant& operator[](int index);
+    const UI_MacroVariant& operator[](int index) const;
     /// The raw copy: a Reference stays a Reference. Raises: 31 on a fixed or dynamic array.
     virtual UI_MacroVariant& operator=(const UI_MacroVariant& src);
     /// The assignment of the language: copies what the source reads as. Re-enters: host objects.
@@ -311,6 +312,7 @@ private:
     friend struct MacroVariantAccess;
 
     struct Parts;
+    struct Operators;
     union Payload {
         __int64 integer;
         double real;
@@ -332,6 +334,8 @@ private:
     void setCounted(IUnknown* object);
     void invokeObjectIfNeeded();
     void putObjectVal(const UI_MacroVariant& value, bool byRef);
+    SYS_String describeKind() const;
+    const UI_MacroArray* dimension(int dim) const;
     static void setBounds(const _ArraySubscript* subs, UI_MacroVariant& v);
 
     Role m_Role = Role::Plain;
@@ -431,7 +435,7 @@ inline UI_MacroVariant::UI_MacroVariant(double value) noexcept : m_Type(vvtDoubl
 }
 
 inline bool UI_MacroVariant::hasRest() const {
-    return m_Parts || m_Target.IsSet() || !m_Text.IsEmpty();
+    return m_Parts || m_Target.Get() || !m_Text.IsEmpty();
 }
 
 inline UI_MacroVariant::~UI_MacroVariant() {
