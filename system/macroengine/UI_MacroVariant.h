@@ -303,6 +303,7 @@ protected:
     void* convToHandle() const;
 
     bool m_Constant = false; // belongs to UI_MacroVariantParam, stands in padding
+    bool m_IsProxy = false;  // stands for a property: `GetRVal` reads it first
 
 private:
     friend class MacroVariantArraySupport;
