@@ -436,7 +436,7 @@ inline UI_MacroVariant::UI_MacroVariant(double value) noexcept : m_Type(vvtDoubl
 }
 
 inline bool UI_MacroVariant::hasRest() const {
-    return m_Parts || m_Target.Get() || !m_Text.IsEmpty();
+    return m_Parts || m_Target.IsSet() || !m_Text.IsEmpty();
 }
 
 inline UI_MacroVariant::~UI_MacroVariant() {

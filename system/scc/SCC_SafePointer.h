@@ -138,6 +138,8 @@ public:
             SCC_SafeBuffer::release(std::exchange(m_Control, nullptr));
     }
 
+    // Whether a target was set, which may have ended since.
+    bool IsSet() const noexcept { return m_Control != nullptr; }
     T* Get() const noexcept { return m_Control ? static_cast<T*>(m_Control->target) : nullptr; }
     operator T*() const noexcept { return Get(); }
     T* operator->() const noexcept { return Get(); }
