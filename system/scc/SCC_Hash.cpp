@@ -7,17 +7,6 @@ namespace kel_ns {
 namespace {
 
 constexpr std::uint64_t Multiplier = 0x9E3779B97F4A7C15u;
-constexpr std::uint64_t EachByte = 0x0101010101010101u;
-
-// Lower-cases eight ASCII bytes at once; bytes from 0x80 on stay.
-std::uint64_t foldCase(std::uint64_t bytes) {
-    std::uint64_t low7 = bytes & (0x7F * EachByte);
-    std::uint64_t fromA = low7 + (0x80 - 'A') * EachByte;
-    std::uint64_t pastZ = low7 + (0x7F - 'Z') * EachByte;
-    std::uint64_t upper = (fromA ^ pastZ) & ~bytes & (0x80 * EachByte);
-    return bytes | upper >> 2;
-}
-
 std::uint64_t mix(std::uint64_t hash, std::uint64_t word) {
     hash = (hash ^ word) * Multiplier;
     return hash ^ hash >> 29;
@@ -29,7 +18,7 @@ template <bool NoCase> SCC_HashValue hashBytes(std::string_view bytes) {
         std::uint64_t word = 0;
         std::size_t taken = bytes.size() < sizeof word ? bytes.size() : sizeof word;
         std::memcpy(&word, bytes.data(), taken);
-        hash = mix(hash, NoCase ? foldCase(word) : word);
+        hash = mix(hash, NoCase ? SYS_FoldCase(word) : word);
         bytes.remove_prefix(taken);
     }
     hash = mix(hash, hash >> 32);

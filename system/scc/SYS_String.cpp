@@ -183,6 +183,28 @@ int SYS_String::compareNoCase(std::string_view other) const noexcept {
     return own.size() == other.size() ? 0 : own.size() < other.size() ? -1 : 1;
 }
 
+// Names are compared at every look-up, so this goes by words, not by bytes.
+bool SYS_StrNoCase::equals(std::string_view other) const noexcept {
+    std::string_view own = View();
+    if (own.size() != other.size())
+        return false;
+    if (own.data() == other.data())
+        return true;
+    std::uint64_t a = 0;
+    std::uint64_t b = 0;
+    std::size_t i = 0;
+    for (; i + sizeof a <= own.size(); i += sizeof a) {
+        std::memcpy(&a, own.data() + i, sizeof a);
+        std::memcpy(&b, other.data() + i, sizeof b);
+        if (SYS_FoldCase(a) != SYS_FoldCase(b))
+            return false;
+    }
+    for (; i < own.size(); ++i)
+        if (SYS_ToLower(own[i]) != SYS_ToLower(other[i]))
+            return false;
+    return true;
+}
+
 // --- changing --------------------------------------------------------------------------------
 
 SYS_String& SYS_String::Append(const char* text, std::size_t length) {

@@ -7,6 +7,7 @@
 #include <concepts>
 #include <cstdarg>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 #include <type_traits>
@@ -274,7 +275,7 @@ template <SYS_NumberLike I> SYS_String operator+(I, const SYS_String&) = delete;
 
 // A string used as a name: the same text, but equal, ordered and hashed without regard to the
 // case of ASCII letters.
-class SYS_StrNoCase : public SYS_String {
+class KEL_MCR_API SYS_StrNoCase : public SYS_String {
 public:
     using SYS_String::SYS_String;
     using SYS_String::operator=;
@@ -303,9 +304,7 @@ public:
     }
 
 private:
-    bool equals(std::string_view other) const noexcept {
-        return View().size() == other.size() && compareNoCase(other) == 0;
-    }
+    bool equals(std::string_view other) const noexcept;
 };
 
 static_assert(sizeof(SYS_StrNoCase) == sizeof(SYS_String));
@@ -318,5 +317,15 @@ constexpr char SYS_ToUpper(char c) noexcept {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
 }
 constexpr bool SYS_IsSpace(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+// Lower-cases eight ASCII bytes at once; bytes from 0x80 on stay.
+constexpr std::uint64_t SYS_FoldCase(std::uint64_t bytes) noexcept {
+    constexpr std::uint64_t EachByte = 0x0101010101010101u;
+    std::uint64_t low7 = bytes & (0x7F * EachByte);
+    std::uint64_t fromA = low7 + (0x80 - 'A') * EachByte;
+    std::uint64_t pastZ = low7 + (0x7F - 'Z') * EachByte;
+    std::uint64_t upper = (fromA ^ pastZ) & ~bytes & (0x80 * EachByte);
+    return bytes | upper >> 2;
+}
 
 } // namespace kel_ns

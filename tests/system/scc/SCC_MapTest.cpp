@@ -262,6 +262,7 @@ TEST(SCC_Hash, FoldsCaseOfAsciiLettersOnly) {
                 << c << " at " << place;
             other.GetBuffer(17)[place] = static_cast<char>(c ^ 0x20);
             bool letter = (c | 0x20) >= 'a' && (c | 0x20) <= 'z';
+            ASSERT_EQ(SYS_StrNoCase(text) == SYS_StrNoCase(other), letter) << c << " at " << place;
             ASSERT_EQ(SCC_Hash(SYS_StrNoCase(text)).hash == SCC_Hash(SYS_StrNoCase(other)).hash,
                       letter)
                 << c << " at " << place;
