@@ -267,7 +267,6 @@ protected:
     MacroOptions m_Options;
     bool m_Parsing = false;
     SCC_Map<SYS_StrNoCase, FunctionTableItem> m_Functions;
-    SCC_Map<SYS_String, int> m_Dictionary;
     SCL_Pointer<MacroSource> m_Source;
 
     // Per run.
@@ -344,7 +343,14 @@ protected:
     friend class UI_Macro;
     friend class cMacroContextSwaper;
 
+    /// Parses the next text of the source, and all further lines of one that gives lines; false
+    /// if there is none. Keeps the scanner's line counter.
     bool ParseLine(SYS_String& text);
+    /// Parses this text into the open block; if it continues, more lines come from the source.
+    void ParseText(SYS_String& text, bool continues);
+    int prefixToken();
+    void noteOpenBlock();
+    void dropUnit(ParserTree::ScriptUnit* unit);
     MacroPlaybackResult Finish();
     MacroPlaybackResult ResumeWith(char const* name);
     bool stopOnError(MacroException& error);
