@@ -141,6 +141,8 @@ public:
             return m_Parent && this != m_Parent->m_FirstChild ? m_Previous : nullptr;
         }
         Position* GetPosition() const { return m_Position; }
+        /// The node made next on the same line.
+        Node* GetNextOnLine() const { return m_NextOnLine; }
         Kind GetKind() const { return m_Kind; }
         bool Is(Kind kind) const { return m_Kind == kind; }
         /// The zero-based line of the node, or -1.

@@ -17,11 +17,11 @@ using namespace kel_ns;
 /// One text, with what the scanner has found out about it.
 struct DictionaryEntry {
     SYS_String text;
-    int token = 0;                              // as a word: 0 not looked up yet
+    int token = 0; // as a word: 0 not looked up yet
     std::uint32_t hash = 0;
-    long long integer = 0;                      // of an integer constant
-    const DictionaryEntry* constant = nullptr;  // the text of a string constant
-    DictionaryEntry* next = nullptr;            // in its bucket
+    long long integer = 0;                     // of an integer constant
+    const DictionaryEntry* constant = nullptr; // the text of a string constant
+    DictionaryEntry* next = nullptr;           // in its bucket
     mutable const MacroName* interned = nullptr;
 
     const MacroName* Name() const {

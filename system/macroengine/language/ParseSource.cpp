@@ -160,8 +160,7 @@ void MacroParser::ParseText(SYS_String& text, bool continues) {
             message << "File " << error.GetFilePath() << " ";
         message << "Line " << (error.GetPosition() + 1) << ": " << m_Scanner->GetFailingLine();
         scan.cursor = nullptr;
-        throw MacroException(message, error.GetFilePath(), error.GetPosition(),
-                             error.GetSource());
+        throw MacroException(message, error.GetFilePath(), error.GetPosition(), error.GetSource());
     }
     scan.cursor = nullptr;
 }
@@ -207,9 +206,7 @@ int MacroParser::prefixToken() {
     return tokName;
 }
 
-void MacroParser::OnSyntaxError(int) {
-    OnError(m_Builder->GetSyntaxErrorCode(), SYS_String());
-}
+void MacroParser::OnSyntaxError(int) { OnError(m_Builder->GetSyntaxErrorCode(), SYS_String()); }
 
 // --- Declarations ------------------------------------------------------------------------------
 

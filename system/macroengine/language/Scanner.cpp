@@ -13,7 +13,14 @@
 
 namespace {
 
-enum : std::uint8_t { kSpace = 1, kAlpha = 2, kDigit = 4, kHexDigit = 8, kOperator = 16, kWord = 32 };
+enum : std::uint8_t {
+    kSpace = 1,
+    kAlpha = 2,
+    kDigit = 4,
+    kHexDigit = 8,
+    kOperator = 16,
+    kWord = 32
+};
 
 constexpr std::array<std::uint8_t, 256> makeClasses() {
     std::array<std::uint8_t, 256> classes{};
@@ -62,9 +69,7 @@ bool startsRem(const char* p) {
            is(p[3], kSpace);
 }
 
-bool startsHex(const char* p) {
-    return p[0] == '&' && SYS_ToLower(p[1]) == 'h';
-}
+bool startsHex(const char* p) { return p[0] == '&' && SYS_ToLower(p[1]) == 'h'; }
 
 } // namespace
 

@@ -34,12 +34,12 @@ public:
         SYS_String commentText;
         char commentLeader = 0;
         bool afterDot = false;
-        bool wholeRestIsRem = false;   // the tokenizer's view: `rem` takes all that follows
-        bool restDropped = false;      // an unterminated string ended the text
-        bool continuesText = false;    // more lines come from the source
-        bool movesSource = false;      // the lines of the text are lines of the source
-        bool expressionForm = false;   // the text is the value of `LET name =`
-        int prefixLeft = 0;            // tokens of that prefix still to come
+        bool wholeRestIsRem = false; // the tokenizer's view: `rem` takes all that follows
+        bool restDropped = false;    // an unterminated string ended the text
+        bool continuesText = false;  // more lines come from the source
+        bool movesSource = false;    // the lines of the text are lines of the source
+        bool expressionForm = false; // the text is the value of `LET name =`
+        int prefixLeft = 0;          // tokens of that prefix still to come
         int currentLine = 0;
         int tokenLine = 0;
         int lineOffset = 0;

@@ -11,9 +11,7 @@ int TreeBuilder::NextToken(MacroToken& value) {
     return token;
 }
 
-void TreeBuilder::SyntaxError() {
-    m_Processor.OnSyntaxError(m_Processor.GetParsePosition());
-}
+void TreeBuilder::SyntaxError() { m_Processor.OnSyntaxError(m_Processor.GetParsePosition()); }
 
 void TreeBuilder::fail(MacroERR_Code code) const {
     m_Processor.OnError(code, SYS_String());
@@ -70,9 +68,7 @@ MacroERR_Code TreeBuilder::GetOpenBlockCode(const Node& block) {
 // --- Statements that open no block -------------------------------------------------------------
 
 // What a comment says belongs to the procedure behind it only if nothing stands between.
-void TreeBuilder::EndStatement() {
-    m_Processor.GetScanner().ClearCommentText();
-}
+void TreeBuilder::EndStatement() { m_Processor.GetScanner().ClearCommentText(); }
 
 TreeBuilder::Node* TreeBuilder::statement(int code, Node* first, Node* second) {
     auto* node = makeStatement<ParserTree::Statement>();
@@ -83,9 +79,7 @@ TreeBuilder::Node* TreeBuilder::statement(int code, Node* first, Node* second) {
     return node;
 }
 
-void TreeBuilder::ObjectStatement(const MacroToken& object) {
-    Call(object);
-}
+void TreeBuilder::ObjectStatement(const MacroToken& object) { Call(object); }
 
 void TreeBuilder::ObjectStatement(const MacroToken& object, const MacroToken& arguments) {
     auto* node = static_cast<ParserTree::NodeImpl<ParserTree::Object, false>*>(operand(object));
@@ -133,25 +127,17 @@ void TreeBuilder::Input(const MacroToken& targets, const MacroToken& stream) {
     statement(4, operand(targets), operand(stream));
 }
 
-void TreeBuilder::Randomize() {
-    Randomize(Long(1));
-}
+void TreeBuilder::Randomize() { Randomize(Long(1)); }
 
-void TreeBuilder::Randomize(const MacroToken& seed) {
-    statement(5, operand(seed));
-}
+void TreeBuilder::Randomize(const MacroToken& seed) { statement(5, operand(seed)); }
 
-void TreeBuilder::Close(const MacroToken& streams) {
-    statement(6, operand(streams));
-}
+void TreeBuilder::Close(const MacroToken& streams) { statement(6, operand(streams)); }
 
 void TreeBuilder::Width(const MacroToken& stream, const MacroToken& width) {
     statement(7, operand(stream), operand(width));
 }
 
-void TreeBuilder::Erase(const MacroToken& object) {
-    statement(8, operand(object));
-}
+void TreeBuilder::Erase(const MacroToken& object) { statement(8, operand(object)); }
 
 void TreeBuilder::Open(const MacroToken& name, const MacroToken& mode, const MacroToken& access,
                        const MacroToken& lock, const MacroToken& stream,
@@ -182,22 +168,16 @@ MacroToken TreeBuilder::printItem(MacroFunctionHandler handler, Node* count) {
     return tokenOf(list);
 }
 
-MacroToken TreeBuilder::Tab() {
-    return printItem(&PrintItemTab, nullptr);
-}
+MacroToken TreeBuilder::Tab() { return printItem(&PrintItemTab, nullptr); }
 
 MacroToken TreeBuilder::Tab(const MacroToken& count) {
     return printItem(&PrintItemTab, operand(count));
 }
 
-MacroToken TreeBuilder::Spc() {
-    return printItem(&PrintItemSpc, nullptr);
-}
+MacroToken TreeBuilder::Spc() { return printItem(&PrintItemSpc, nullptr); }
 
 MacroToken TreeBuilder::Spc(const MacroToken& count) {
     return printItem(&PrintItemSpc, operand(count));
 }
 
-MacroToken TreeBuilder::Semicolon() {
-    return printItem(&PrintItemSemicolon, nullptr);
-}
+MacroToken TreeBuilder::Semicolon() { return printItem(&PrintItemSemicolon, nullptr); }

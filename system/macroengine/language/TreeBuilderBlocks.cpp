@@ -103,8 +103,8 @@ void TreeBuilder::EndSelect() {
 
 // --- For ---------------------------------------------------------------------------------------
 
-void TreeBuilder::OpenFor(const MacroToken& name, const MacroToken& start,
-                          const MacroToken& bound, const MacroToken& step) {
+void TreeBuilder::OpenFor(const MacroToken& name, const MacroToken& start, const MacroToken& bound,
+                          const MacroToken& step) {
     auto* node = makeStatement<ParserTree::ForStm>();
     tree().OpenBlock(node);
     auto* head = makeValue<ParserTree::ForCond>();
@@ -159,13 +159,9 @@ void TreeBuilder::openDoLoop(Node* condition) {
     node->AppendChild(head);
 }
 
-void TreeBuilder::OpenDo() {
-    openDoLoop(nullptr);
-}
+void TreeBuilder::OpenDo() { openDoLoop(nullptr); }
 
-void TreeBuilder::OpenDoWhile(const MacroToken& condition) {
-    openDoLoop(operand(condition));
-}
+void TreeBuilder::OpenDoWhile(const MacroToken& condition) { openDoLoop(operand(condition)); }
 
 void TreeBuilder::OpenDoUntil(const MacroToken& condition) {
     openDoLoop(makeUnary(kUntil, operand(condition)));
@@ -189,13 +185,9 @@ void TreeBuilder::closeDoLoop(Node* condition) {
     tree().CloseBlock();
 }
 
-void TreeBuilder::Loop() {
-    closeDoLoop(nullptr);
-}
+void TreeBuilder::Loop() { closeDoLoop(nullptr); }
 
-void TreeBuilder::LoopWhile(const MacroToken& condition) {
-    closeDoLoop(operand(condition));
-}
+void TreeBuilder::LoopWhile(const MacroToken& condition) { closeDoLoop(operand(condition)); }
 
 void TreeBuilder::LoopUntil(const MacroToken& condition) {
     closeDoLoop(makeUnary(kUntil, operand(condition)));
@@ -244,13 +236,9 @@ void TreeBuilder::exitBlock(int token, Kind kind, MacroERR_Code code) {
     }
 }
 
-void TreeBuilder::ExitFor() {
-    exitBlock(tokFor, Kind::ForStm, errForNotFound);
-}
+void TreeBuilder::ExitFor() { exitBlock(tokFor, Kind::ForStm, errForNotFound); }
 
-void TreeBuilder::ExitDo() {
-    exitBlock(tokDo, Kind::DoLoop, errDoNotFound);
-}
+void TreeBuilder::ExitDo() { exitBlock(tokDo, Kind::DoLoop, errDoNotFound); }
 
 void TreeBuilder::exitProcedure(int token, bool isFunction, MacroERR_Code code) {
     auto* node = makeStatement<ParserTree::Exit>();
@@ -262,10 +250,6 @@ void TreeBuilder::exitProcedure(int token, bool isFunction, MacroERR_Code code) 
     }
 }
 
-void TreeBuilder::ExitSub() {
-    exitProcedure(tokSub, false, errNotInSub);
-}
+void TreeBuilder::ExitSub() { exitProcedure(tokSub, false, errNotInSub); }
 
-void TreeBuilder::ExitFunction() {
-    exitProcedure(tokFunction, true, errNotInFunction);
-}
+void TreeBuilder::ExitFunction() { exitProcedure(tokFunction, true, errNotInFunction); }

@@ -24,9 +24,7 @@ MacroToken TreeBuilder::Bool(bool value) {
     return tokenOf(node);
 }
 
-MacroToken TreeBuilder::Missing() {
-    return tokenOf(makeValue<ParserTree::MissingValue>());
-}
+MacroToken TreeBuilder::Missing() { return tokenOf(makeValue<ParserTree::MissingValue>()); }
 
 TreeBuilder::Node* TreeBuilder::makeUnary(int code, Node* operandNode) {
     auto* node = makeValue<ParserTree::UnaryOp>();
@@ -87,13 +85,9 @@ MacroToken TreeBuilder::Exec(const MacroToken& object) {
     return tokenOf(makeExec(operand(object)));
 }
 
-MacroToken TreeBuilder::List() {
-    return tokenOf(makeValue<ParserTree::VariantList>());
-}
+MacroToken TreeBuilder::List() { return tokenOf(makeValue<ParserTree::VariantList>()); }
 
-MacroToken TreeBuilder::List(const MacroToken& first) {
-    return Append(List(), first);
-}
+MacroToken TreeBuilder::List(const MacroToken& first) { return Append(List(), first); }
 
 MacroToken TreeBuilder::Append(const MacroToken& list, const MacroToken& item) {
     operand(list)->AppendChild(operand(item));

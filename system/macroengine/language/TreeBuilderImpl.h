@@ -6,9 +6,7 @@
 
 #include "language/TreeBuilder.h"
 
-inline ParserTree& TreeBuilder::tree() const {
-    return m_Processor.GetTree();
-}
+inline ParserTree& TreeBuilder::tree() const { return m_Processor.GetTree(); }
 
 inline MacroToken TreeBuilder::tokenOf(Node* node) {
     MacroToken token;

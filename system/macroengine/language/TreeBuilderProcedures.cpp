@@ -48,9 +48,7 @@ void TreeBuilder::CloseProcedure(bool isFunction) {
 
 // --- Dim and ReDim -----------------------------------------------------------------------------
 
-void TreeBuilder::OpenDim() {
-    tree().OpenBlock(makeStatement<ParserTree::Dim>());
-}
+void TreeBuilder::OpenDim() { tree().OpenBlock(makeStatement<ParserTree::Dim>()); }
 
 void TreeBuilder::CloseDim() {
     Node* node = tree().m_Parent;
@@ -133,6 +131,4 @@ void TreeBuilder::ConstItem(const MacroToken& name, const MacroToken& value) {
     node->AppendChild(item.value);
 }
 
-void TreeBuilder::CloseConst() {
-    tree().CloseBlock();
-}
+void TreeBuilder::CloseConst() { tree().CloseBlock(); }

@@ -15,9 +15,7 @@ constexpr MacroSupport::TokenNode MacroSupport::s_Tokens[] = {
 #undef KEYWORD
 };
 
-int MacroSupport::GetTokensCount() {
-    return static_cast<int>(std::size(s_Tokens));
-}
+int MacroSupport::GetTokensCount() { return static_cast<int>(std::size(s_Tokens)); }
 
 namespace {
 
