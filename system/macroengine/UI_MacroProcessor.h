@@ -359,7 +359,14 @@ protected:
     friend class RunGuard;
     friend class UI_Macro;
 
+    /// Parses the next text of the source, and all further lines of one that gives lines; false
+    /// if there is none. Keeps the scanner's line counter.
     bool ParseLine(SYS_String& text);
+    /// Parses this text into the open block; if it continues, more lines come from the source.
+    void ParseText(SYS_String& text, bool continues);
+    int prefixToken();
+    void noteOpenBlock();
+    void dropUnit(ParserTree::ScriptUnit* unit);
     MacroPlaybackResult Finish();
     MacroPlaybackResult ResumeWith(char const* name);
     UI_MacroVariant* findDialog(char const* name);

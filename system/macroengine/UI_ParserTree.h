@@ -142,6 +142,8 @@ public:
         }
         Position* GetPosition() const { return m_Position; }
         bool IsStatementNode() const { return m_IsStatement; }
+        /// The node made next on the same line.
+        Node* GetNextOnLine() const { return m_NextOnLine; }
         Kind GetKind() const { return m_Kind; }
         bool Is(Kind kind) const { return m_Kind == kind; }
         /// The zero-based line of the node, or -1.
