@@ -255,7 +255,7 @@ protected:
     static SCC_SharedPointer<Map> InitFunctionsMap();
     static Map* functionsMap();
 
-    int OnRecord(int id, char const* text);
+    void OnRecord(int id, char const* text);
     [[noreturn]] void raise(MacroException& error, int code, long line);
     long errorLine() const;
     void ClearLastError();

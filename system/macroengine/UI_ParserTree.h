@@ -31,7 +31,7 @@ public:
     struct ScriptUnit;
     struct Function;
     template <class T> class FrameResult;
-    template <class T, bool IsStatementNode> class NodeImpl;
+    template <class T, bool StatementFlag> class NodeImpl;
 
     /// The run loop's place: the node to visit next, on the way down or on the way up.
     struct Step {
@@ -547,10 +547,10 @@ template <> struct KEL_MCR_API ParserTree::Result<SCC_Array<_ArrayDecl>> {
 };
 
 /// The concrete class of every node: links, data, and the operations that the data declares.
-template <class T, bool IsStatementNode>
+template <class T, bool StatementFlag>
 class ParserTree::NodeImpl final : public ParserTree::Node, public T {
 public:
-    NodeImpl() noexcept : Node(T::kKind, IsStatementNode) {
+    NodeImpl() noexcept : Node(T::kKind, StatementFlag) {
         if constexpr (requires(T & data) { data.GetTop(); }) {
             auto* slots = static_cast<ValueSlots*>(this);
             m_ResultOffset = static_cast<std::uint8_t>(reinterpret_cast<char*>(slots) -
@@ -583,5 +583,5 @@ public:
         if constexpr (requires { &T::OnChanged; })
             T::OnChanged(*this, processor);
     }
-    bool IsStatement() const override { return IsStatementNode; }
+    bool IsStatement() const override { return StatementFlag; }
 };

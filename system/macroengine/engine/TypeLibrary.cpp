@@ -1,6 +1,7 @@
 #include "engine/TypeLibrary.h"
 
 #include <Automation.h>
+#include <SYS_Unicode.h>
 #include <UI_MacroProcessor.h>
 
 namespace {
@@ -21,7 +22,7 @@ bool FindTypeLibraryConstant(const SYS_String& name, UI_MacroVariant& value) {
     ITypeComp* names = nullptr;
     if (FAILED(library->GetTypeComp(&names)) || !names)
         return false;
-    std::u16string wide = SYS_ToUtf16(name);
+    std::u16string wide = SYS_ToUtf16(name.View());
     ITypeInfo* info = nullptr;
     DESCKIND kind = DESCKIND_NONE;
     BINDPTR found{};

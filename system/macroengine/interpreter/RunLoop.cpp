@@ -11,6 +11,7 @@
 #include "interpreter/RunGuard.h"
 #include "language/Scanner.h"
 #include "language/TreeBuilder.h"
+#include "values/Access.h"
 
 namespace {
 
@@ -86,7 +87,7 @@ UI_MacroVariant MacroParser::Call(const SYS_String& function, UI_MacroVariant* a
     object.isCall = true;
     ParserTree::Cell* target = getResultVal(&object);
     target->value.SetFunctionRefVal(function, this);
-    target->value.copyAgr(args, args ? argc : 0);
+    MacroVariantAccess::SetArguments(target->value, args, args ? argc : 0);
     if (saved.changeMode)
         m_ExecutionMode = emRun;
     m_Current = EnterProcedure(call, *target);

@@ -16,9 +16,9 @@ void MacroSupport::BeginRecording(MacroOutput* output) {
     SetOutput(output);
 }
 
-int MacroSupport::OnRecord(int id, char const* text) {
+void MacroSupport::OnRecord(int id, char const* text) {
     if (!m_Output || !text)
-        return 0;
+        return;
     const int effective = m_CompressionMode ? id : 0;
     if (effective != m_LastCompressID || effective == 0) {
         if (m_LastCompressID != 0)
@@ -27,7 +27,6 @@ int MacroSupport::OnRecord(int id, char const* text) {
     }
     m_LastRecorded = text;
     m_LastCompressID = effective;
-    return 0;
 }
 
 void MacroSupport::PushModalContext(char const* name) {

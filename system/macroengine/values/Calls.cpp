@@ -2,6 +2,7 @@
 
 #include <Automation.h>
 #include <SCL_Assert.h>
+#include <SYS_Unicode.h>
 #include <UI_MacroProcessor.h>
 #include <UI_MacroVariant.h>
 
