@@ -278,6 +278,7 @@ protected:
     std::unique_ptr<MacroScanner> m_Scanner;
     MacroOptions m_Options;
     bool m_Parsing = false;
+    bool m_ParsingScript = false; // the text belongs to a script that a macro executes
     SCC_Map<SYS_StrNoCase, FunctionTableItem> m_Functions;
     SCL_Pointer<MacroSource> m_Source;
 

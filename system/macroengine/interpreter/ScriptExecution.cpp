@@ -39,26 +39,10 @@ ParserTree::ScriptUnit* parseUnit(MacroParser& processor, const SYS_String& key)
     if (!source)
         processor.OnError("Failed to open script file");
     ParserTree& tree = processor.GetTree();
-    ParserTree::ScriptUnit* caller = tree.GetCurrentUnit();
     ParserTree::ScriptUnit* unit = tree.GetUnit(key);
-    struct Rollback {
-        MacroParser& processor;
-        ParserTree::ScriptUnit* caller;
-        ParserTree::ScriptUnit* unit;
-        ~Rollback() {
-            if (!unit)
-                return;
-            processor.ForgetProceduresOf(unit);
-            processor.SwitchUnit(caller);
-            processor.GetTree().RemoveUnit(unit);
-        }
-    } rollback{processor, caller, unit};
     unit->source = source;
     tree.SetCurrentUnit(unit);
-    processor.getOptions() = MacroOptions();
-    if (!processor.ParseAll())
-        processor.OnError(errForWithoutNext, SYS_String());
-    rollback.unit = nullptr;
+    processor.ParseAll(); // on failure it removes the unit and raises
     return unit;
 }
 
@@ -87,7 +71,7 @@ Step ParserTree::ScriptExec::OnEnter(Node& node, MacroParser& processor) {
     UI_MacroVariant* value = cell ? cell->value.GetRVal() : nullptr;
     if (!value || !value->IsExecScript())
         processor.OnError("There is no script path");
-    const SYS_String key = SCL::NormalizedPath(value->GetExecScriptVal());
+    const SYS_String key = SCL::PathNormalize(value->GetExecScriptVal(), true);
     value->Clear(); // the path is run once
     ExecutionContext::FreeCell(cell);
 

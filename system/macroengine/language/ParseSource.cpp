@@ -15,7 +15,8 @@ namespace {
 /// Parsing turns names of lines and errors to the scanner; nested parses end inside out.
 class ParsingFlag {
 public:
-    explicit ParsingFlag(bool& flag) : m_Flag(flag), m_Old(std::exchange(flag, true)) {}
+    explicit ParsingFlag(bool& flag, bool value = true)
+        : m_Flag(flag), m_Old(std::exchange(flag, value)) {}
     ~ParsingFlag() { m_Flag = m_Old; }
     ParsingFlag(const ParsingFlag&) = delete;
     ParsingFlag& operator=(const ParsingFlag&) = delete;
@@ -75,6 +76,7 @@ bool MacroParser::ParseAll() {
     try {
         ParseState outer(*m_Tree, *m_Scanner, !underRun);
         ParsingFlag parsing(m_Parsing);
+        ParsingFlag script(m_ParsingScript, underRun);
         m_Tree->m_Parent = &unit->m_Root;
         m_Tree->m_Function = nullptr;
         m_Options.explicitDeclarations = 0;
@@ -119,6 +121,7 @@ void MacroParser::dropUnit(ParserTree::ScriptUnit* unit) {
     ParserTree::ScriptUnit* running = position ? position->script : nullptr;
     if (running && running != unit)
         m_Tree->SetCurrentUnit(running);
+    ForgetProceduresOf(unit);
     m_Tree->RemoveUnit(unit);
 }
 
@@ -234,7 +237,12 @@ void MacroParser::Declare(const SYS_String& name, bool isConstant) {
     m_Tree->m_GlobalNames.Install(key, {isConstant});
     if (isConstant)
         return;
-    // The bottom frame: during an edit of a paused macro the top one may be a procedure's.
-    if (ExecutionContext* module = m_ContextStack->Bottom())
-        module->m_Variables.FindOrMake(MacroName::Intern(name.View()));
+    const MacroName* variable = MacroName::Intern(name.View());
+    m_Tree->GetCurrentUnit()->m_Variables.push_back(name);
+    // A script that another one executes runs in the frame of the caller; an edit of a paused
+    // macro declares for the module.
+    ExecutionContext* frame =
+        m_ParsingScript ? m_ContextStack->Top() : m_ContextStack->Bottom();
+    if (frame)
+        frame->m_Variables.FindOrMake(variable);
 }
