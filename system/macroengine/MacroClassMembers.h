@@ -7,6 +7,7 @@
 
 #include <concepts>
 #include <cstddef>
+#include <type_traits>
 
 /// A member function of T with the signature of all members:
 /// `UI_MacroVariant T::Name(int argc, UI_MacroVariant* args)`, `const` or not. May be null.
@@ -28,6 +29,14 @@ private:
     Plain m_Plain = nullptr;
     Const m_Const = nullptr;
 };
+
+/// Whether an object is of class T.
+template <class T> bool cMacroIsA(MacroEval& object) {
+    if constexpr (std::is_same_v<T, MacroEval>)
+        return true;
+    else
+        return dynamic_cast<T*>(&object) != nullptr;
+}
 
 /// The three ways to use a property.
 enum class MacroPropertyAccess { Get, Set, SetRef };
@@ -105,7 +114,7 @@ public:
         owner.AddMethod(this, isDefault);
     }
 
-    bool Fits(MacroEval& object) const override { return dynamic_cast<T*>(&object) != nullptr; }
+    bool Fits(MacroEval& object) const override { return cMacroIsA<T>(object); }
     UI_MacroVariant Call(MacroEval& object, int argc, UI_MacroVariant* args) const override {
         return m_Method ? m_Method(static_cast<T&>(object), argc, args) : UI_MacroVariant();
     }
@@ -132,7 +141,7 @@ public:
 
     bool IsReadOnly() const override { return !m_Setter && !m_RefSetter; }
 
-    bool Fits(MacroEval& object) const override { return dynamic_cast<T*>(&object) != nullptr; }
+    bool Fits(MacroEval& object) const override { return cMacroIsA<T>(object); }
     UI_MacroVariant Call(MacroEval& object, int argc, UI_MacroVariant* args) const override {
         return m_Getter ? m_Getter(static_cast<T&>(object), argc, args) : UI_MacroVariant();
     }

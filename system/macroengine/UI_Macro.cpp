@@ -2,6 +2,7 @@
 
 #include <Platform.h>
 #include <SCL_Assert.h>
+#include <SCL_Path.h>
 #include <SFM_FilePath.h>
 #include <SYS_Exception.h>
 #include <SYS_Resources.h>
@@ -186,16 +187,18 @@ UI_MacroVariant UI_Macro::ExecuteMacroString(SYS_String const& text) {
     UI_MacroImpl& engine = impl();
     if (engine.GetRunDepth() > 0)
         engine.OnError(errIllegalNesting, SYS_String());
-    Platform& platform = GetPlatform();
-    SYS_String path;
+    const SYS_String directory = GetPlatform().TempDirectory();
+    SYS_String name;
     bool written = false;
-    if (platform.MakeTemporaryFile(platform.GetTemporaryDirectory(), path)) {
+    SYS_String path;
+    if (GetPlatform().CreateTempFile(directory, "", ".tmp", name) == PlatformStatus::Ok) {
+        path = SCL::PathAppend(directory, name);
         SFM_File file(path);
         written = file.Open("w") && file.WriteLine(text);
         written = file.Close() && written;
     }
     if (!written)
-        throw SYS_Exception("%s", static_cast<const char*>(TR(kNoTemporaryFile)));
+        throw SYS_Exception("%s", TR(kNoTemporaryFile).c_str());
     UI_MacroVariant result = run(path, SYS_String(), nullptr, 0);
     SFM_File(path).Delete();
     return result;
