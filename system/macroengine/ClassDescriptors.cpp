@@ -74,8 +74,7 @@ const ScriptDebugger::iApplicationClass* cMacroAppClasses::GetApplicationClass(u
 
 cMacroAppClass::cMacroAppClass(const SYS_String& name,
                                const ScriptDebugger::iApplicationClass* parent)
-    : m_Name(name), m_Parent(parent),
-      m_ParentAppClass(dynamic_cast<const cMacroAppClass*>(parent)),
+    : m_Name(name), m_Parent(parent), m_ParentAppClass(dynamic_cast<const cMacroAppClass*>(parent)),
       m_InheritedDefault(parent ? parent->GetDefaultPropertyOrMethod() : nullptr) {
     cMacroAppClasses::Instance().AddClass(this);
 }
@@ -158,9 +157,7 @@ SYS_String cMacroAppClass::GetName() const { return m_Name; }
 
 bool cMacroAppClass::IsHidden() const { return m_Hidden; }
 
-const ScriptDebugger::iApplicationClass* cMacroAppClass::GetParentClass() const {
-    return m_Parent;
-}
+const ScriptDebugger::iApplicationClass* cMacroAppClass::GetParentClass() const { return m_Parent; }
 
 unsigned cMacroAppClass::GetMethodsCount() const { return static_cast<unsigned>(m_Methods.size()); }
 

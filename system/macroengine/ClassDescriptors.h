@@ -104,8 +104,7 @@ public:
 class KEL_MCR_API cMacroArgument : public ScriptDebugger::iArgument {
 public:
     cMacroArgument() = default;
-    cMacroArgument(const SYS_String& name, const SYS_String& type,
-                   bool byRef = false);
+    cMacroArgument(const SYS_String& name, const SYS_String& type, bool byRef = false);
 
     /// Makes the argument optional, for up to n values of a call.
     cMacroArgument& opt(int n);

@@ -1,6 +1,7 @@
 #include "objects/UI_MacroWScript.h"
 
 #include <SCL_Assert.h>
+#include <SCL_Path.h>
 #include <UI_MacroProcessor.h>
 
 #include "objects/ScriptFiles.h"
@@ -52,7 +53,8 @@ bool UI_MacroWScript::IsPropertyGet(const char* name) {
 SYS_String UI_MacroWScript::GetName() const { return "WScript"; }
 
 UI_MacroVariant UI_MacroWScript::Execute(int, UI_MacroVariant* args) {
-    const SYS_String path = FindScript(static_cast<SYS_String>(args[0]), FolderOf(sourcePath()));
+    const SYS_String path =
+        FindScript(static_cast<SYS_String>(args[0]), SCL::PathDirectory(sourcePath()));
     if (path.IsEmpty()) {
         OnMacroError("Script path not found");
         return false;
@@ -81,7 +83,7 @@ UI_MacroVariant UI_MacroWScript::GetFullName(int, UI_MacroVariant*) {
 UI_MacroVariant UI_MacroWScript::GetProductName(int, UI_MacroVariant*) { return "Macro Engine"; }
 
 UI_MacroVariant UI_MacroWScript::GetPath(int argc, UI_MacroVariant* args) {
-    return FolderOf(static_cast<SYS_String>(GetFullName(argc, args)));
+    return SCL::PathDirectory(static_cast<SYS_String>(GetFullName(argc, args)));
 }
 
 UI_MacroVariant UI_MacroWScript::GetScriptFullPath(int, UI_MacroVariant*) {
@@ -90,7 +92,7 @@ UI_MacroVariant UI_MacroWScript::GetScriptFullPath(int, UI_MacroVariant*) {
 }
 
 UI_MacroVariant UI_MacroWScript::GetScriptFolder(int, UI_MacroVariant*) {
-    return FolderOf(sourcePath());
+    return SCL::PathDirectory(sourcePath());
 }
 
 SYS_String UI_MacroWScript::sourcePath() const {

@@ -1,12 +1,11 @@
 #include "objects/UI_MacroWScriptArguments.h"
 
 #include <MacroException.h>
+#include <Platform.h>
 #include <UI_MacroProcessor.h>
 
 #include <algorithm>
 #include <string_view>
-
-#include "objects/ScriptFiles.h"
 
 namespace {
 
@@ -41,7 +40,7 @@ UI_MacroWScriptArguments::UI_MacroWScriptArguments() : MacroEval("Arguments") {}
 
 const SCC_Array<SYS_String>& UI_MacroWScriptArguments::GetParts() {
     static const SCC_Array<SYS_String>& parts =
-        *new SCC_Array<SYS_String>(split(ProcessCommandLine()));
+        *new SCC_Array<SYS_String>(split(GetPlatform().CommandLine()));
     return parts;
 }
 
