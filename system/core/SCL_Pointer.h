@@ -129,4 +129,6 @@ private:
 
 namespace kel_ns {
 using SCL::SCL_Pointer;
+using SCL::iRefCounted;
+using SCL::tRefCounted;
 }

@@ -44,12 +44,11 @@ public:
     UI_MacroVariant Execute(MacroSource* source, SYS_String const& function, UI_MacroVariant* args,
                             int argCount);
     UI_MacroVariant ExecuteMacroString(SYS_String const& text);
-    /// Evaluates an expression (or a statement, with side effects) in the paused macro.
-    UI_MacroVariant Eval(MacroSource* source, bool sideEffects);
     void Stop();
 
     static int GetReturnValue();
     static void RequestExit(int code);
+    /// Runs the dialog block of that object, from inside the host's modal dialog.
     static PlaybackResultCode ContinuePlayback(char const* name);
     static int InRecordMode();
     static int InPlaybackMode();
@@ -64,9 +63,6 @@ public:
     /// The names of the macro's procedures; one empty string if there are none.
     SCC_Array<SYS_String> GetFunctionNames();
     SCC_Array<SYS_String> GetFunctionDescriptions();
-
-    /// 1 if the file parses; else 0, and the zero-based line of the error.
-    int CheckMacroFile(SYS_String const& path, int* errorLine);
 
     // Frames of the current processor and its parents; 0 is the innermost.
     int GetFramesCount();

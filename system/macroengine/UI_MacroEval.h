@@ -83,3 +83,6 @@ private:
     SYS_String m_Name;
     MacroEval* m_Parent = nullptr;
 };
+
+// The class templates of the descriptors need the class above.
+#include <MacroClassMembers.h>

@@ -17,7 +17,6 @@
 #include <functional>
 #include <memory>
 
-class ContinuedRun;
 class FrameStack;
 class MacroScanner;
 class TreeBuilder;
@@ -135,7 +134,9 @@ public:
     // type library constants, procedures and variables, in this order.
     UI_MacroVariant Evaluate(const char* name, UI_MacroVariant* args, int argc) override;
     UI_MacroVariant evaluate(const char* name, UI_MacroVariant* args, int argc, bool isCall);
-    UI_MacroVariant evaluateDeref(const UI_MacroVariant& value, const char* name,
+    UI_MacroVariant evaluate(const MacroName* name, const SYS_String& spelling,
+                             UI_MacroVariant* args, int argc, bool isCall);
+    UI_MacroVariant evaluateDeref(const UI_MacroVariant& value, const SYS_String& name,
                                   UI_MacroVariant* args, int argc, bool isCall);
     /// A variable of the top frame, or null. Owner: the frame.
     UI_MacroVariant* LookupVar(const SYS_StrNoCase& name);
@@ -157,12 +158,13 @@ public:
     MacroSource* GetSource() const { return m_Source; }
     MacroOutput* GetOutput() const { return m_Output; }
     void SetOutput(MacroOutput* output);
+    /// The same, with nothing held back from an earlier recording.
+    void BeginRecording(MacroOutput* output);
     ExecutionMode GetExecutionMode() const { return m_ExecutionMode; }
     void SetExecutionMode(ExecutionMode mode);
     virtual bool IsExecuting() const;
     virtual int InPlaybackMode() const;
     virtual int InRecordMode() const;
-    virtual bool InBackgroundMode() const;
     int GetReturnValue() const { return m_ReturnCode; }
     void RequestExit(int code);
     int GetParsePosition() const;
@@ -172,14 +174,14 @@ public:
     /// Runs a file (empty: the source in use), or one procedure of it. Raises: any.
     virtual UI_MacroVariant ExecuteMacro(const SYS_String& file, const SYS_String& function,
                                          UI_MacroVariant* args, int argc);
-    /// Evaluates the source in the frames of this processor.
-    virtual UI_MacroVariant Eval(bool sideEffects);
     virtual MacroPlaybackResult PlayBack(int resume, MacroSource* source, char const* name);
     virtual MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) = 0;
     virtual UI_MacroVariant Call(const SYS_String& function, UI_MacroVariant* args, int argc) = 0;
     virtual bool Parse() = 0;
+    /// Parses the source unless a tree is there already.
     void RefreshFunctionTable();
-    /// Turns a registered or built-in name into an automation object; 0 if the name is unknown.
+    /// Turns a registered or built-in name into an automation object, which is not counted; 0 if
+    /// the name is unknown.
     int EnableAutomation(const char* name, IDispatch* object);
     /// Applies a name and its argument lists to a value, one list after the other.
     UI_MacroVariant EvalArgListList(UI_MacroVariant* target, const char* name,
@@ -218,7 +220,6 @@ public:
     int BreakLoop(int kind);
     int PopContextUpToPosition(int position);
     void OnErase(UI_MacroVariant& value);
-    void OnRandomize(const UI_MacroVariant* seed);
 
     /// The cell of a node for the top frame, made if it has none; null without a frame.
     ParserTree::Cell* getResultVal(ParserTree::Node* node);
@@ -230,6 +231,8 @@ public:
 
     /// A number that changes whenever a name may have got another meaning.
     unsigned GetNamesState() const;
+    /// Whether a name can only be a variable in that state.
+    bool IsPlainVariable(const MacroName* name) const;
     SCC_Map<SYS_StrNoCase, FunctionTableItem>& GetProcedures() { return m_Functions; }
     ParserTree::NodeImpl<ParserTree::Function, false>* GetCurrentFunction() const {
         return m_CurrentFunction;
@@ -247,17 +250,26 @@ protected:
     friend class TreeBuilder;
     friend class ParserTree;
     friend class RunGuard;
-    friend struct MacroEvaluation;
     friend class UI_Macro;
 
     static SCC_SharedPointer<Map> InitFunctionsMap();
     static Map* functionsMap();
 
     int OnRecord(int id, char const* text);
-    [[noreturn]] void raise(MacroException& error, int code, const SYS_String& text, long line);
+    [[noreturn]] void raise(MacroException& error, int code, long line);
     long errorLine() const;
-    UI_MacroVariant* findVariable(const MacroName* name);
+    void ClearLastError();
+    void pushBottomFrame();
+    static void ApplyDebugOutput();
+    static bool s_HasStatementHook;
+    static SCC_Event<char const*>& RecordEvent();
+    UI_MacroVariant* lookUpEntry(const MacroName* name) const;
+    UI_MacroVariantParam* findVariable(const MacroName* name) const;
+    const FunctionTableItem* procedureOf(const MacroName* name, bool isApplied,
+                                         const UI_MacroVariant* variable);
     void closeAllFiles();
+    virtual bool hasUnits() const = 0;
+    virtual void endCall(bool failed) = 0;
 
     std::unique_ptr<UI_MacroWScript> m_WScript;
     std::unique_ptr<UI_MacroErr> m_Err;
@@ -267,7 +279,6 @@ protected:
     MacroOptions m_Options;
     bool m_Parsing = false;
     SCC_Map<SYS_StrNoCase, FunctionTableItem> m_Functions;
-    SCC_Map<SYS_String, int> m_Dictionary;
     SCL_Pointer<MacroSource> m_Source;
 
     // Per run.
@@ -333,28 +344,48 @@ public:
     ParserTree::Step LeaveProcedure(ParserTree::Function& function);
     /// Makes the unit of a node, its source and its options current.
     void SwitchUnit(ParserTree::ScriptUnit* unit);
+    /// Drops the procedures that a unit declares.
+    void ForgetProceduresOf(ParserTree::ScriptUnit* unit);
     /// Parses a unit's source into its root; false if a block stayed open.
     bool ParseAll();
 
     /// Runs until there is nothing left to run. Raises: any.
     void ExecutionStep();
+    /// Ends the run in progress; the reset follows when its outermost entry has returned.
+    void RequestStop();
 
 protected:
     friend class ParserTree;
+    friend class RunGuard;
     friend class UI_Macro;
-    friend class cMacroContextSwaper;
 
+    /// Parses the next text of the source, and all further lines of one that gives lines; false
+    /// if there is none. Keeps the scanner's line counter.
     bool ParseLine(SYS_String& text);
+    /// Parses this text into the open block; if it continues, more lines come from the source.
+    void ParseText(SYS_String& text, bool continues);
+    int prefixToken();
+    void noteOpenBlock();
+    void dropUnit(ParserTree::ScriptUnit* unit);
     MacroPlaybackResult Finish();
     MacroPlaybackResult ResumeWith(char const* name);
+    UI_MacroVariant* findDialog(char const* name);
+    MacroPlaybackResult runDialogBlock(ParserTree::NodeImpl<ParserTree::With, true>& with,
+                                       ParserTree::Step start);
     bool stopOnError(MacroException& error);
-    bool CheckBreak(const ParserTree::Step& step, long& line);
+    bool CheckBreak(const ParserTree::Step& step);
+    bool takeStep(ParserTree::Step& step, ExecutionMode mode);
+    void runInMode();
     void RunToBreak();
     void RunFast();
-    void RunStepInto();
-    void RunStepOver();
-    void RunStepOut();
+    // The loops that step tell whether they ended by their own rule.
+    bool RunStepInto();
+    bool RunStepOver();
+    bool RunStepOut();
     void pausedTurn();
+    void finishStop();
+    bool hasUnits() const override;
+    void endCall(bool failed) override;
     void bindArguments(ParserTree::Function& function, ExecutionContext& frame,
                        UI_MacroVariant& call);
 
@@ -362,4 +393,5 @@ protected:
     std::unique_ptr<TreeBuilder> m_Builder;
     ParserTree::Node* m_PausedAt = nullptr; // the step at which the last pause happened
     ExecutionMode m_LastExecuting = emRun;
+    bool m_StopPending = false;
 };

@@ -303,6 +303,7 @@ protected:
     void* convToHandle() const;
 
     bool m_Constant = false; // belongs to UI_MacroVariantParam, stands in padding
+    bool m_IsProxy = false;  // stands for a property: `GetRVal` reads it first
 
 private:
     friend class MacroVariantArraySupport;
@@ -435,7 +436,7 @@ inline UI_MacroVariant::UI_MacroVariant(double value) noexcept : m_Type(vvtDoubl
 }
 
 inline bool UI_MacroVariant::hasRest() const {
-    return m_Parts || m_Target.Get() || !m_Text.IsEmpty();
+    return m_Parts || m_Target.IsSet() || !m_Text.IsEmpty();
 }
 
 inline UI_MacroVariant::~UI_MacroVariant() {

@@ -141,6 +141,9 @@ public:
             return m_Parent && this != m_Parent->m_FirstChild ? m_Previous : nullptr;
         }
         Position* GetPosition() const { return m_Position; }
+        bool IsStatementNode() const { return m_IsStatement; }
+        /// The node made next on the same line.
+        Node* GetNextOnLine() const { return m_NextOnLine; }
         Kind GetKind() const { return m_Kind; }
         bool Is(Kind kind) const { return m_Kind == kind; }
         /// The zero-based line of the node, or -1.
@@ -211,6 +214,7 @@ public:
         Node m_Root;
         int m_Explicit = 0;
         SYS_String key; // the normalised path
+        SCL_Vector<SYS_String> m_Variables; // module variables that the unit declares
     };
 
     /// The value slots of a node: one cell for each activation that is computing it.
@@ -247,6 +251,7 @@ public:
         long mode = 1; // 1 by reference, 2 by value
         bool isArray = false;
         const MacroName* interned = nullptr;
+        unsigned place = 0; // in the layout
     };
     struct KEL_MCR_API Function {
         static constexpr Kind kKind = Kind::Function;
@@ -256,6 +261,9 @@ public:
         int access = 0; // 0 none, 1 Public, 2 Public Default, 3 Private
         SCC_Map<SYS_StrNoCase, LocalName> locals;
         SCL_Vector<Argument> arguments;
+        SCL_Vector<const MacroName*> layout; // the variables of a call, in order of the locals
+        unsigned layoutState = 0;            // state of the locals when the layout was made
+        const MacroName* interned = nullptr;
         FunctionTableItem* slot = nullptr;
         Step OnLeave(Node& node, MacroParser& processor);
     };

@@ -41,6 +41,8 @@ UI_MacroVariant* UI_MacroVariant::getBody() const {
             if (item->GetElement())
                 value = item->GetElement();
         }
+        if (value->m_IsProxy)
+            value->GetRVal(); // reads the property if nobody has yet
         if (value->m_Type != vvtReference)
             return const_cast<UI_MacroVariant*>(value);
         value = value->m_Target;
@@ -97,7 +99,8 @@ UI_MacroVariant* UI_MacroVariant::GetLVal() const {
 void UI_MacroVariant::InitRVal() {
     // A chain of plain References is followed here and not by calls, however long it is.
     UI_MacroVariant* value = this;
-    while (value && value->m_Type == vvtReference && value->m_Role != Role::Element)
+    while (value && value->m_Type == vvtReference && value->m_Role != Role::Element &&
+           !value->m_IsProxy)
         value = value->m_Target;
     if (value && value != this && value->m_Role != Role::Variable)
         value->InitRVal();
@@ -179,6 +182,10 @@ UI_MacroVariant& UI_MacroVariant::operator=(const UI_MacroVariant& src) {
 }
 
 void UI_MacroVariant::Assign(const UI_MacroVariant& src) {
+    if (m_Type == vvtReference && m_Target && m_Target->m_IsProxy) {
+        m_Target->Assign(src);
+        return;
+    }
     UI_MacroVariant* lv = GetRVal();
     UI_MacroVariant* rv = src.GetRVal();
     if (lv == rv && lv)
@@ -213,6 +220,10 @@ void UI_MacroVariant::Assign(const UI_MacroVariant& src) {
 }
 
 void UI_MacroVariant::SetObjectRef(const UI_MacroVariant& src) {
+    if (m_Type == vvtReference && m_Target && m_Target->m_IsProxy) {
+        m_Target->SetObjectRef(src);
+        return;
+    }
     UI_MacroVariant* target = GetLVal();
     if (!target || target->isConstant()) {
         Fail("Object cannot be referenced");
