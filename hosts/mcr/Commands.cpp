@@ -1,0 +1,104 @@
+#include "Commands.h"
+
+#include <interpreter/TreeDump.h>
+
+#include "HostSource.h"
+#include "Session.h"
+#include "Watch.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+void writeText(const SYS_String& text) {
+    std::fwrite(text.c_str(), 1, static_cast<size_t>(text.GetLength()), stdout);
+}
+
+void writeTextLine(const SYS_String& text) {
+    writeText(text);
+    std::fputc('\n', stdout);
+}
+
+std::vector<UI_MacroVariant> asValues(const std::vector<std::string>& arguments) {
+    std::vector<UI_MacroVariant> values;
+    for (const std::string& argument : arguments)
+        values.emplace_back(SYS_String(argument));
+    return values;
+}
+
+// Parses alone. A macro that does not parse throws, or leaves an error behind.
+void parse(Session& session, MacroSource* source) {
+    session.GetParser().SetSource(source);
+    session.GetParser().Parse();
+}
+
+} // namespace
+
+int RunMacro(const RunOptions& options) {
+    Session session;
+    const SCL_Pointer<MacroSource> source = session.OpenSource(options.file);
+    if (!source)
+        return ExitUsage;
+    const Watch watch(options.timeout);
+    return session.Guard(*source, [&] {
+        std::vector<UI_MacroVariant> arguments = asValues(options.arguments);
+        const UI_MacroVariant result =
+            session.GetMacro().Execute(source, SYS_String(options.procedure), arguments.data(),
+                                       static_cast<int>(arguments.size()));
+        const int code = UI_Macro::GetReturnValue();
+        if (!result.IsEmpty())
+            writeTextLine(static_cast<SYS_String>(result));
+        return code;
+    });
+}
+
+int CheckMacros(const std::vector<std::string>& files) {
+    int worst = ExitDone;
+    for (const std::string& file : files) {
+        Session session; // each file on its own: no names are left over from another
+        int code = ExitUsage;
+        if (const SCL_Pointer<MacroSource> source = session.OpenSource(file)) {
+            code = session.Guard(*source, [&] {
+                parse(session, source);
+                return ExitDone;
+            });
+        }
+        worst = std::max(worst, code);
+    }
+    return worst;
+}
+
+// The expression is assigned to a variable by a macro of one line; the variables of the module
+// level stay readable when the run is over.
+int EvaluateExpression(const std::string& expression, double timeout) {
+    constexpr const char* kResult = "mcrResult";
+
+    Session session;
+    SYS_String text(kResult);
+    text += " = (";
+    text.Append(expression);
+    text += ")";
+    const SCL_Pointer<MacroSource> source(new TextSource(text, "<expression>", session.GetTrace()));
+    const Watch watch(timeout);
+    return session.Guard(*source, [&]() -> int {
+        session.GetMacro().Execute(source, SYS_String(), nullptr, 0);
+        if (const UI_MacroVariant* value = session.GetParser().LookupVar(SYS_StrNoCase(kResult)))
+            writeTextLine(static_cast<SYS_String>(*value));
+        return ExitDone;
+    });
+}
+
+int PrintTree(const std::string& file) {
+    Session session;
+    const SCL_Pointer<MacroSource> source = session.OpenSource(file);
+    if (!source)
+        return ExitUsage;
+    return session.Guard(*source, [&] {
+        parse(session, source);
+        std::string text;
+        DumpTree(session.GetParser().GetTree(), text);
+        writeText(SYS_String(text));
+        return ExitDone;
+    });
+}
