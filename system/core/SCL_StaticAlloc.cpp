@@ -59,8 +59,6 @@ void* cStaticAlloc::allocateLarge(std::size_t size) {
     }
 }
 
-void cStaticAlloc::deallocateLarge(void* block) {
-    ::operator delete(block);
-}
+void cStaticAlloc::deallocateLarge(void* block) { ::operator delete(block); }
 
 } // namespace kel_ns::SCL

@@ -50,9 +50,7 @@ bool SSM_AssertFailed(const char* message, const char* file, int line, SSM_Failu
     return s_AssertHandler(message ? message : "", file ? file : "", line);
 }
 
-void SCL_DebugBreak() {
-    std::raise(SIGTRAP);
-}
+void SCL_DebugBreak() { std::raise(SIGTRAP); }
 
 bool SCL_ReportFailure(const char* message, const char* file, int line) {
     if (!SSM_AssertFailed(message, file, line, SSM_Error))

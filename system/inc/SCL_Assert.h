@@ -52,6 +52,5 @@ KEL_MCR_API bool SCL_ReportFailure(const char* message, const char* file, int li
 
 // Checks at the fatal level: a false condition ends in SSM_Throw().
 #define SCL_ASSERT_FATAL(condition, message)                                                       \
-    (static_cast<bool>(condition)                                                                  \
-         ? static_cast<void>(0)                                                                    \
-         : ::kel_ns::SCL_ReportFatal((message), __FILE__, __LINE__))
+    (static_cast<bool>(condition) ? static_cast<void>(0)                                           \
+                                  : ::kel_ns::SCL_ReportFatal((message), __FILE__, __LINE__))

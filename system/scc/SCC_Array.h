@@ -67,8 +67,8 @@ public:
     bool InBounds(int index) const noexcept { return index >= 0 && index < GetCount(); }
     bool IsEmpty() const noexcept { return GetCount() == 0; }
     bool IsValid() const noexcept {
-        return !m_Buffer || (m_Buffer->refs > 0 && m_Buffer->used >= 0 &&
-                             m_Buffer->used <= m_Buffer->capacity);
+        return !m_Buffer ||
+               (m_Buffer->refs > 0 && m_Buffer->used >= 0 && m_Buffer->used <= m_Buffer->capacity);
     }
     bool IsShared() const noexcept { return m_Buffer && m_Buffer->refs > 1; }
     bool SharesBufferWith(const SCC_Array& other) const noexcept {

@@ -17,8 +17,6 @@ SYS_Exception::SYS_Exception(const char* format, ...) {
 }
 
 // Stands here and not beside the other assertion functions, which know no string.
-void SSM_Throw() {
-    throw SYS_Exception("Fatal error");
-}
+void SSM_Throw() { throw SYS_Exception("Fatal error"); }
 
 } // namespace kel_ns

@@ -12,11 +12,8 @@ locale_t cLocale() {
 
 } // namespace
 
-SYS_CLocale::SYS_CLocale() : m_Old(uselocale(cLocale())) {
-}
+SYS_CLocale::SYS_CLocale() : m_Old(uselocale(cLocale())) {}
 
-SYS_CLocale::~SYS_CLocale() {
-    uselocale(m_Old);
-}
+SYS_CLocale::~SYS_CLocale() { uselocale(m_Old); }
 
 } // namespace kel_ns

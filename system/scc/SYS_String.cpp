@@ -70,9 +70,7 @@ void SYS_String::setLength(std::size_t length) noexcept {
     m_Text[length] = '\0';
 }
 
-void SYS_String::SetMaxBytes(std::size_t bytes) {
-    s_MaxBytes = std::min(bytes, HardMaxBytes);
-}
+void SYS_String::SetMaxBytes(std::size_t bytes) { s_MaxBytes = std::min(bytes, HardMaxBytes); }
 
 SYS_String::SYS_String(const wchar_t* text) {
     if (text)
@@ -126,9 +124,7 @@ int toIndex(std::size_t position) {
     return position == std::string_view::npos ? -1 : static_cast<int>(position);
 }
 
-std::size_t fromIndex(int index) {
-    return index < 0 ? 0 : static_cast<std::size_t>(index);
-}
+std::size_t fromIndex(int index) { return index < 0 ? 0 : static_cast<std::size_t>(index); }
 
 } // namespace
 
@@ -160,22 +156,16 @@ SYS_String SYS_String::part(std::size_t first, std::size_t count) const {
     return count == length ? *this : SYS_String(m_Text + first, count);
 }
 
-SYS_String SYS_String::Left(unsigned count) const {
-    return part(0, count);
-}
+SYS_String SYS_String::Left(unsigned count) const { return part(0, count); }
 
 SYS_String SYS_String::Right(unsigned count) const {
     std::size_t length = size();
     return part(count < length ? length - count : 0, count);
 }
 
-SYS_String SYS_String::Mid(unsigned first) const {
-    return part(first, size());
-}
+SYS_String SYS_String::Mid(unsigned first) const { return part(first, size()); }
 
-SYS_String SYS_String::Mid(unsigned first, unsigned count) const {
-    return part(first, count);
-}
+SYS_String SYS_String::Mid(unsigned first, unsigned count) const { return part(first, count); }
 
 int SYS_String::compareBytes(std::string_view other) const noexcept {
     return View().compare(other);
@@ -191,6 +181,28 @@ int SYS_String::compareNoCase(std::string_view other) const noexcept {
             return a < b ? -1 : 1;
     }
     return own.size() == other.size() ? 0 : own.size() < other.size() ? -1 : 1;
+}
+
+// Names are compared at every look-up, so this goes by words, not by bytes.
+bool SYS_StrNoCase::equals(std::string_view other) const noexcept {
+    std::string_view own = View();
+    if (own.size() != other.size())
+        return false;
+    if (own.data() == other.data())
+        return true;
+    std::uint64_t a = 0;
+    std::uint64_t b = 0;
+    std::size_t i = 0;
+    for (; i + sizeof a <= own.size(); i += sizeof a) {
+        std::memcpy(&a, own.data() + i, sizeof a);
+        std::memcpy(&b, other.data() + i, sizeof b);
+        if (SYS_FoldCase(a) != SYS_FoldCase(b))
+            return false;
+    }
+    for (; i < own.size(); ++i)
+        if (SYS_ToLower(own[i]) != SYS_ToLower(other[i]))
+            return false;
+    return true;
 }
 
 // --- changing --------------------------------------------------------------------------------

@@ -3,9 +3,11 @@
 #include <SCL_StaticAlloc.h>
 #include <SCL_Types.h>
 
+#include <compare>
 #include <concepts>
 #include <cstdarg>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 #include <type_traits>
@@ -55,8 +57,9 @@ public:
 
     int GetLength() const noexcept { return static_cast<int>(size()); }
     bool IsEmpty() const noexcept { return size() == 0; }
-    const char* c_str() const noexcept { return m_Text ? m_Text : ""; }
+    const char* c_str() const noexcept { return m_Text ? m_Text : Nothing; }
     operator const char*() const noexcept { return c_str(); }
+    explicit operator bool() const = delete; // would always be true; ask IsEmpty()
     std::string_view View() const noexcept { return {c_str(), size()}; }
 
     // The byte at the index; NUL outside the string.
@@ -105,7 +108,8 @@ public:
     SYS_String& Append(const char* text, std::size_t length);
     SYS_String& Append(std::string_view text) { return Append(text.data(), text.size()); }
     SYS_String& Append(char character) {
-        if (m_Text && header()->refs == 1 && header()->length < header()->capacity) [[likely]] {
+        if (m_Text && header()->refs == 1 && header()->length < header()->capacity &&
+            header()->length < s_MaxBytes) [[likely]] {
             m_Text[header()->length++] = character;
             m_Text[header()->length] = '\0';
             return *this;
@@ -177,11 +181,12 @@ public:
     friend bool operator==(const SYS_String& a, const char* b) noexcept {
         return a.View() == viewOf(b);
     }
-    friend bool operator<(const SYS_String& a, const SYS_String& b) noexcept {
-        return a.Compare(b) < 0;
+    friend std::strong_ordering operator<=>(const SYS_String& a, const SYS_String& b) noexcept {
+        return a.Compare(b) <=> 0;
     }
-    friend bool operator<(const SYS_String& a, const char* b) noexcept { return a.Compare(b) < 0; }
-    friend bool operator<(const char* a, const SYS_String& b) noexcept { return b.Compare(a) > 0; }
+    friend std::strong_ordering operator<=>(const SYS_String& a, const char* b) noexcept {
+        return a.Compare(b) <=> 0;
+    }
 
 protected:
     static std::string_view viewOf(const char* text) noexcept {
@@ -223,6 +228,8 @@ private:
 
     char* m_Text = nullptr;
 
+    // One empty text for all, since callers measure from c_str() to where a parse has stopped.
+    static constexpr char Nothing[1] = {};
     static std::size_t s_MaxBytes;
 };
 
@@ -245,17 +252,13 @@ inline SYS_String operator+(const SYS_String& a, const char* b) {
     result += b;
     return result;
 }
-inline SYS_String operator+(SYS_String&& a, const char* b) {
-    return std::move(a += b);
-}
+inline SYS_String operator+(SYS_String&& a, const char* b) { return std::move(a += b); }
 inline SYS_String operator+(const SYS_String& a, char b) {
     SYS_String result(a);
     result += b;
     return result;
 }
-inline SYS_String operator+(SYS_String&& a, char b) {
-    return std::move(a += b);
-}
+inline SYS_String operator+(SYS_String&& a, char b) { return std::move(a += b); }
 inline SYS_String operator+(const char* a, const SYS_String& b) {
     SYS_String result(a);
     result.Append(b.View());
@@ -272,7 +275,7 @@ template <SYS_NumberLike I> SYS_String operator+(I, const SYS_String&) = delete;
 
 // A string used as a name: the same text, but equal, ordered and hashed without regard to the
 // case of ASCII letters.
-class SYS_StrNoCase : public SYS_String {
+class KEL_MCR_API SYS_StrNoCase : public SYS_String {
 public:
     using SYS_String::SYS_String;
     using SYS_String::operator=;
@@ -289,14 +292,19 @@ public:
     friend bool operator==(const SYS_StrNoCase& a, const char* b) noexcept {
         return a.equals(viewOf(b));
     }
-    friend bool operator<(const SYS_StrNoCase& a, const SYS_StrNoCase& b) noexcept {
-        return a.CompareNoCase(b) < 0;
+    friend std::strong_ordering operator<=>(const SYS_StrNoCase& a,
+                                            const SYS_StrNoCase& b) noexcept {
+        return a.CompareNoCase(b) <=> 0;
+    }
+    friend std::strong_ordering operator<=>(const SYS_StrNoCase& a, const SYS_String& b) noexcept {
+        return a.CompareNoCase(b) <=> 0;
+    }
+    friend std::strong_ordering operator<=>(const SYS_StrNoCase& a, const char* b) noexcept {
+        return a.CompareNoCase(b) <=> 0;
     }
 
 private:
-    bool equals(std::string_view other) const noexcept {
-        return View().size() == other.size() && compareNoCase(other) == 0;
-    }
+    bool equals(std::string_view other) const noexcept;
 };
 
 static_assert(sizeof(SYS_StrNoCase) == sizeof(SYS_String));
@@ -308,8 +316,16 @@ constexpr char SYS_ToLower(char c) noexcept {
 constexpr char SYS_ToUpper(char c) noexcept {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
 }
-constexpr bool SYS_IsSpace(char c) noexcept {
-    return c == ' ' || (c >= '\t' && c <= '\r');
+constexpr bool SYS_IsSpace(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+// Lower-cases eight ASCII bytes at once; bytes from 0x80 on stay.
+constexpr std::uint64_t SYS_FoldCase(std::uint64_t bytes) noexcept {
+    constexpr std::uint64_t EachByte = 0x0101010101010101u;
+    std::uint64_t low7 = bytes & (0x7F * EachByte);
+    std::uint64_t fromA = low7 + (0x80 - 'A') * EachByte;
+    std::uint64_t pastZ = low7 + (0x7F - 'Z') * EachByte;
+    std::uint64_t upper = (fromA ^ pastZ) & ~bytes & (0x80 * EachByte);
+    return bytes | upper >> 2;
 }
 
 } // namespace kel_ns

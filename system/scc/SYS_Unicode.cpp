@@ -6,17 +6,11 @@ namespace {
 
 constexpr char32_t ByteEscape = 0xDC00;
 
-bool isContinuation(unsigned char byte) {
-    return (byte & 0xC0) == 0x80;
-}
+bool isContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 
-bool isHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
+bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 
-bool isLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
+bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 // Takes one code point off the front, or one byte as its escape.
 char32_t decodeNext(std::string_view& bytes) {
@@ -106,20 +100,12 @@ template <class Char> std::basic_string<Char> decodeAll(std::string_view bytes) 
 
 } // namespace
 
-std::u16string SYS_ToUtf16(std::string_view bytes) {
-    return decodeAll<char16_t>(bytes);
-}
+std::u16string SYS_ToUtf16(std::string_view bytes) { return decodeAll<char16_t>(bytes); }
 
-SYS_String SYS_FromUtf16(std::u16string_view text) {
-    return encodeAll(text);
-}
+SYS_String SYS_FromUtf16(std::u16string_view text) { return encodeAll(text); }
 
-std::wstring SYS_ToWide(std::string_view bytes) {
-    return decodeAll<wchar_t>(bytes);
-}
+std::wstring SYS_ToWide(std::string_view bytes) { return decodeAll<wchar_t>(bytes); }
 
-SYS_String SYS_FromWide(std::wstring_view text) {
-    return encodeAll(text);
-}
+SYS_String SYS_FromWide(std::wstring_view text) { return encodeAll(text); }
 
 } // namespace kel_ns
