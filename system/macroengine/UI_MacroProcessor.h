@@ -350,7 +350,6 @@ protected:
     void ParseText(SYS_String& text, bool continues);
     int prefixToken();
     void noteOpenBlock();
-    void dropUnit(ParserTree::ScriptUnit* unit);
     MacroPlaybackResult Finish();
     MacroPlaybackResult ResumeWith(char const* name);
     bool stopOnError(MacroException& error);

@@ -96,30 +96,16 @@ bool MacroParser::ParseAll() {
         }
         noteOpenBlock();
     } catch (const MacroException&) {
-        if (underRun)
-            dropUnit(unit);
-        else
+        if (!underRun)
             m_ExecutionMode = emFinished;
         throw;
     }
-    if (underRun) {
-        const SYS_String path = source->GetFileName();
-        MacroException error(m_LastErrorText, path, static_cast<int>(m_LastErrorLine), source);
-        dropUnit(unit);
-        throw MacroException(error);
+    // Under a run the caller drops this unit alone and the macro that runs stays.
+    if (!underRun) {
+        m_Tree->Clear();
+        m_ExecutionMode = emStopped;
     }
-    m_Tree->Clear();
-    m_ExecutionMode = emStopped;
     return false;
-}
-
-// The script that is running goes on where it was.
-void MacroParser::dropUnit(ParserTree::ScriptUnit* unit) {
-    ParserTree::Position* position = m_Current.node ? m_Current.node->GetPosition() : nullptr;
-    ParserTree::ScriptUnit* running = position ? position->script : nullptr;
-    if (running && running != unit)
-        m_Tree->SetCurrentUnit(running);
-    m_Tree->RemoveUnit(unit);
 }
 
 void MacroParser::noteOpenBlock() {
@@ -234,7 +220,8 @@ void MacroParser::Declare(const SYS_String& name, bool isConstant) {
     m_Tree->m_GlobalNames.Install(key, {isConstant});
     if (isConstant)
         return;
-    // The bottom frame: during an edit of a paused macro the top one may be a procedure's.
-    if (ExecutionContext* module = m_ContextStack->Bottom())
+    // During an edit of a paused macro the top frame may be a procedure's.
+    ExecutionContext* module = m_Tree->m_Anchor ? m_ContextStack->Bottom() : m_ContextStack->Top();
+    if (module)
         module->m_Variables.FindOrMake(MacroName::Intern(name.View()));
 }
