@@ -278,7 +278,6 @@ protected:
     std::unique_ptr<MacroScanner> m_Scanner;
     MacroOptions m_Options;
     bool m_Parsing = false;
-    bool m_ParsingScript = false; // the text belongs to a script that a macro executes
     SCC_Map<SYS_StrNoCase, FunctionTableItem> m_Functions;
     SCL_Pointer<MacroSource> m_Source;
 
@@ -363,11 +362,11 @@ protected:
     /// Parses the next text of the source, and all further lines of one that gives lines; false
     /// if there is none. Keeps the scanner's line counter.
     bool ParseLine(SYS_String& text);
+    [[noreturn]] void refuseSource();
     /// Parses this text into the open block; if it continues, more lines come from the source.
     void ParseText(SYS_String& text, bool continues);
     int prefixToken();
     void noteOpenBlock();
-    void dropUnit(ParserTree::ScriptUnit* unit);
     MacroPlaybackResult Finish();
     MacroPlaybackResult ResumeWith(char const* name);
     UI_MacroVariant* findDialog(char const* name);

@@ -39,10 +39,24 @@ ParserTree::ScriptUnit* parseUnit(MacroParser& processor, const SYS_String& key)
     if (!source)
         processor.OnError("Failed to open script file");
     ParserTree& tree = processor.GetTree();
-    ParserTree::ScriptUnit* unit = tree.GetUnit(key);
+    struct Rollback {
+        MacroParser& processor;
+        ParserTree::ScriptUnit* caller;
+        ParserTree::ScriptUnit* unit;
+        ~Rollback() {
+            if (!unit)
+                return;
+            processor.ForgetProceduresOf(unit);
+            processor.SwitchUnit(caller);
+            processor.GetTree().RemoveUnit(unit);
+        }
+    } rollback{processor, tree.GetCurrentUnit(), tree.GetUnit(key)};
+    ParserTree::ScriptUnit* unit = rollback.unit;
     unit->source = source;
     tree.SetCurrentUnit(unit);
-    processor.ParseAll(); // on failure it removes the unit and raises
+    if (!processor.ParseAll())
+        processor.OnError(static_cast<MacroERR_Code>(processor.GetLastErrorCode()), SYS_String());
+    rollback.unit = nullptr;
     return unit;
 }
 

@@ -15,8 +15,7 @@ namespace {
 /// Parsing turns names of lines and errors to the scanner; nested parses end inside out.
 class ParsingFlag {
 public:
-    explicit ParsingFlag(bool& flag, bool value = true)
-        : m_Flag(flag), m_Old(std::exchange(flag, value)) {}
+    explicit ParsingFlag(bool& flag) : m_Flag(flag), m_Old(std::exchange(flag, true)) {}
     ~ParsingFlag() { m_Flag = m_Old; }
     ParsingFlag(const ParsingFlag&) = delete;
     ParsingFlag& operator=(const ParsingFlag&) = delete;
@@ -56,6 +55,8 @@ bool MacroParser::Parse() {
     if (!m_Source)
         return false;
     m_Tree->Clear();
+    if (auto* file = dynamic_cast<MacroSourceFile*>(m_Source.Get()); file && !file->IsReadable())
+        refuseSource();
     if (!IsInEvaluation())
         m_Functions.RemoveAll();
     ParserTree::ScriptUnit* unit = m_Tree->GetUnit(m_Source->GetFileName());
@@ -67,6 +68,14 @@ bool MacroParser::Parse() {
     return true;
 }
 
+void MacroParser::refuseSource() {
+    const SYS_String path = m_Source->GetFileName();
+    m_ExecutionMode = emFinished;
+    MacroException error(errCannotOpenFile, path, 0, m_Source);
+    error.AddParam(path);
+    raise(error, errCannotOpenFile, 0);
+}
+
 bool MacroParser::ParseAll() {
     if (!m_Source)
         return false;
@@ -76,7 +85,6 @@ bool MacroParser::ParseAll() {
     try {
         ParseState outer(*m_Tree, *m_Scanner, !underRun);
         ParsingFlag parsing(m_Parsing);
-        ParsingFlag script(m_ParsingScript, underRun);
         m_Tree->m_Parent = &unit->m_Root;
         m_Tree->m_Function = nullptr;
         m_Options.explicitDeclarations = 0;
@@ -98,31 +106,16 @@ bool MacroParser::ParseAll() {
         }
         noteOpenBlock();
     } catch (const MacroException&) {
-        if (underRun)
-            dropUnit(unit);
-        else
+        if (!underRun)
             m_ExecutionMode = emFinished;
         throw;
     }
-    if (underRun) {
-        const SYS_String path = source->GetFileName();
-        MacroException error(m_LastErrorText, path, static_cast<int>(m_LastErrorLine), source);
-        dropUnit(unit);
-        throw MacroException(error);
+    // Under a run the caller drops this unit alone and the macro that runs stays.
+    if (!underRun) {
+        m_Tree->Clear();
+        m_ExecutionMode = emStopped;
     }
-    m_Tree->Clear();
-    m_ExecutionMode = emStopped;
     return false;
-}
-
-// The script that is running goes on where it was.
-void MacroParser::dropUnit(ParserTree::ScriptUnit* unit) {
-    ParserTree::Position* position = m_Current.node ? m_Current.node->GetPosition() : nullptr;
-    ParserTree::ScriptUnit* running = position ? position->script : nullptr;
-    if (running && running != unit)
-        m_Tree->SetCurrentUnit(running);
-    ForgetProceduresOf(unit);
-    m_Tree->RemoveUnit(unit);
 }
 
 void MacroParser::noteOpenBlock() {
@@ -237,12 +230,9 @@ void MacroParser::Declare(const SYS_String& name, bool isConstant) {
     m_Tree->m_GlobalNames.Install(key, {isConstant});
     if (isConstant)
         return;
-    const MacroName* variable = MacroName::Intern(name.View());
     m_Tree->GetCurrentUnit()->m_Variables.push_back(name);
-    // A script that another one executes runs in the frame of the caller; an edit of a paused
-    // macro declares for the module.
-    ExecutionContext* frame =
-        m_ParsingScript ? m_ContextStack->Top() : m_ContextStack->Bottom();
-    if (frame)
-        frame->m_Variables.FindOrMake(variable);
+    // During an edit of a paused macro the top frame may be a procedure's.
+    ExecutionContext* module = m_Tree->m_Anchor ? m_ContextStack->Bottom() : m_ContextStack->Top();
+    if (module)
+        module->m_Variables.FindOrMake(MacroName::Intern(name.View()));
 }
