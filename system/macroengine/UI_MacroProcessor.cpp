@@ -74,7 +74,10 @@ void MacroSupport::SetProcessor(MacroSupport* processor) { s_Processor = process
 void MacroSupport::SetHostHooks(const MacroHostHooks& hooks) {
     processWide<MacroHostHooks>() = hooks;
     s_HasStatementHook = static_cast<bool>(hooks.statement);
-    ApplyDebugOutput();
+    if (hooks.debugOutput)
+        SetDebugOutput([](const char* text) { GetHostHooks().debugOutput(text); });
+    else
+        SetDebugOutput(nullptr);
 }
 
 const MacroHostHooks& MacroSupport::GetHostHooks() { return processWide<MacroHostHooks>(); }

@@ -260,14 +260,12 @@ protected:
     long errorLine() const;
     void ClearLastError();
     void pushBottomFrame();
-    static void ApplyDebugOutput();
     static bool s_HasStatementHook;
     static SCC_Event<char const*>& RecordEvent();
     UI_MacroVariant* lookUpEntry(const MacroName* name) const;
     UI_MacroVariantParam* findVariable(const MacroName* name) const;
     const FunctionTableItem* procedureOf(const MacroName* name, bool isApplied,
                                          const UI_MacroVariant* variable);
-    void closeAllFiles();
     virtual bool hasUnits() const = 0;
     virtual void endCall(bool failed) = 0;
 

@@ -56,7 +56,6 @@ MacroPlaybackResult MacroParser::Finish() {
     m_Current = {nullptr, false};
     if (IsInEvaluation())
         return pbFinished;
-    closeAllFiles();
     if (m_ExecutionMode != emStopped)
         m_ExecutionMode = emFinished;
     return pbFinished;
@@ -102,7 +101,6 @@ UI_MacroVariant MacroParser::Call(const SYS_String& function, UI_MacroVariant* a
 void MacroParser::endCall(bool failed) {
     if (m_PlaybackDepth > 0)
         return;
-    closeAllFiles();
     m_Current = {nullptr, false};
     if (m_ExecutionMode != emStopped && (!m_Parent || failed))
         m_ExecutionMode = emFinished;
@@ -125,7 +123,6 @@ void MacroParser::finishStop() {
         bottom->m_Source = nullptr;
         bottom->m_Position = m_Scanner->GetTokenLine();
     }
-    closeAllFiles();
     m_Output = nullptr;
     m_ExecutionMode = emStopped;
     m_ContextStack->Clear();
