@@ -198,7 +198,8 @@ TEST(FileTest, NamesCopiesAndDeletion) {
     EXPECT_TRUE(copy.GetName() == file.GetName());
     file.SetName(file.GetName());
     EXPECT_TRUE(file.IsOpen());
-    file = file;
+    const SFM_File& itself = file;
+    file = itself;
     EXPECT_TRUE(file.IsOpen());
     EXPECT_TRUE(file.Delete());
     EXPECT_FALSE(file.IsOpen() || file.Exists() || file.Delete());
