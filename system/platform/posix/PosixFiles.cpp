@@ -74,19 +74,17 @@ public:
 
     PlatformStatus Join(int descriptor, FileKey key, Stream stream) {
         OpenFileRecord& record = openFiles()[key];
-        PlatformStatus status = PlatformStatus::Ok;
         for (const Stream& other : record.streams)
             if (!getAlong(stream, other))
-                status = PlatformStatus::InUse;
-        if (status == PlatformStatus::Ok && !sharesAll(stream.share) && record.lock < 0)
-            status = takeLock(record, descriptor);
-        if (status == PlatformStatus::Ok) {
-            m_Stream = record.streams.insert(record.streams.end(), stream);
-            m_Key = key;
-            m_Joined = true;
-        } else if (record.streams.empty()) {
-            openFiles().erase(key);
-        }
+                return PlatformStatus::InUse;
+        m_Stream = record.streams.insert(record.streams.end(), stream);
+        m_Key = key;
+        m_Joined = true;
+        if (sharesAll(stream.share) || record.lock >= 0)
+            return PlatformStatus::Ok;
+        const PlatformStatus status = takeLock(record, descriptor);
+        if (status != PlatformStatus::Ok)
+            Leave();
         return status;
     }
 

@@ -38,7 +38,8 @@ TEST_F(AutomationValuesTest, CopiesOwnWhatTheyHold) {
         COleVariant moved(std::move(first));
         EXPECT_EQ(first.vt, VT_EMPTY);
         EXPECT_EQ(object->references, 3u);
-        second = second;
+        const COleVariant& itself = second;
+        second = itself;
         VariantCopy(&second, &second);
         EXPECT_EQ(object->references, 3u);
         VARIANT away = moved.Detach();
