@@ -7,6 +7,7 @@
 #include <string>
 
 #include "ParseText.h"
+#include "language/Scanner.h"
 
 namespace {
 
@@ -227,6 +228,17 @@ TEST(Grammar, TheSecondParseOfAProcessorStartsAfresh) {
     EXPECT_TRUE(processor.Parse());
     EXPECT_NE(processor.GetProcedures().Lookup("F"), nullptr);
     EXPECT_NE(processor.LookupVar("A"), nullptr);
+}
+
+TEST(Grammar, AnExpressionCanStandForItself) {
+    MacroParser processor(true);
+    processor.SetSource(new TextSource("x = 1 + y", false));
+    processor.GetScanner().GetState().expressionForm = true;
+    ASSERT_TRUE(processor.Parse());
+    std::string tree;
+    DumpTree(processor.GetTree(), tree);
+    EXPECT_EQ(tree, "Statement call\n  BinaryOp =\n    ObjectExec\n      Object x\n"
+                    "    BinaryOp +\n      LongValue 1\n      ObjectExec\n        Object y\n");
 }
 
 TEST(Grammar, LongTextsTakeLinearTime) {
