@@ -7,6 +7,7 @@
 #include <string>
 
 #include "ParseText.h"
+#include "language/Scanner.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ TEST(Grammar, Refusals) {
         {"Foo (a) & \"x\"", "Syntax error: ", 0},
         {"If a Then\nb", "Syntax error: ", 1},
         {"Do While a\nLoop While b", "Syntax error: ", 1},
-        {"Sub f\n", "Syntax error: ", 1},
+        {"Sub f\nx", "Syntax error: ", 1},
         {"Open \"f\" For Input As #1 Foo = 2", "Syntax error: ", 0},
         {"Option Base", "Syntax error: ", 0},
         {"x\nOption Explicit", "Expected statement", 1},
@@ -119,7 +120,7 @@ TEST(Grammar, TheStackHolds200States) {
         {"", "While 1\n", "", "Wend\n", "", 65},
         {"", "With 1\n", "", "End With\n", "", 65},
         {"", "Select Case 1\nCase 1\n", "", "End Select\n", "", 39},
-        {"", "If 1 Then\nElse\n", "", "End If\n", "", 27},
+        {"", "If 1 Then\nElse\n", "", "End If\n", "", 28},
     };
     for (const Case& c : cases) {
         for (int count : {c.most, c.most + 1}) {
@@ -129,8 +130,9 @@ TEST(Grammar, TheStackHolds200States) {
             EXPECT_EQ(parsed.error, count == c.most ? "" : "Syntax error: ") << c.open << count;
         }
     }
-    EXPECT_TRUE(ParseText(repeat("For i = 1 To 2\n", 1000) + repeat("Next\n", 1000)).ok);
-    EXPECT_TRUE(ParseText("x = 1" + repeat(" + 1", 100000)).ok);
+    EXPECT_TRUE(
+        ParseText(repeat("For i = 1 To 2\n", 1000) + repeat("Next\n", 1000), false, false).ok);
+    EXPECT_TRUE(ParseText("x = 1" + repeat(" + 1", 100000), false, false).ok);
 }
 
 const char* const kSample = R"(Option Explicit
@@ -228,12 +230,23 @@ TEST(Grammar, TheSecondParseOfAProcessorStartsAfresh) {
     EXPECT_NE(processor.LookupVar("A"), nullptr);
 }
 
+TEST(Grammar, AnExpressionCanStandForItself) {
+    MacroParser processor(true);
+    processor.SetSource(new TextSource("x = 1 + y", false));
+    processor.GetScanner().GetState().expressionForm = true;
+    ASSERT_TRUE(processor.Parse());
+    std::string tree;
+    DumpTree(processor.GetTree(), tree);
+    EXPECT_EQ(tree, "Statement call\n  BinaryOp =\n    ObjectExec\n      Object x\n"
+                    "    BinaryOp +\n      LongValue 1\n      ObjectExec\n        Object y\n");
+}
+
 TEST(Grammar, LongTextsTakeLinearTime) {
     const std::string piece = "rem remark\n' comment\nx = y + 1\nrem\n";
     auto seconds = [&](int count) {
         const std::string text = repeat(piece.c_str(), count);
         const auto start = std::chrono::steady_clock::now();
-        EXPECT_TRUE(ParseText(text).ok);
+        EXPECT_TRUE(ParseText(text, false, false).ok);
         return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     };
     seconds(1000);

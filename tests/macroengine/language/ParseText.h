@@ -62,17 +62,17 @@ struct Parsed {
     std::string full;  // the error as the host sees it
 };
 
-inline Parsed ParseText(const std::string& text, bool lineByLine = false) {
+inline Parsed ParseText(const std::string& text, bool lineByLine = false, bool dump = true) {
     MacroParser processor(true);
     processor.SetSource(new TextSource(text, lineByLine));
     processor.Reset();
     Parsed result;
     try {
         result.ok = processor.Parse();
-        if (result.ok) {
+        if (result.ok && dump)
             DumpTree(processor.GetTree(), result.tree);
+        if (result.ok)
             return result;
-        }
     } catch (const MacroException& error) {
         result.full = error.GetText().c_str();
     }
