@@ -1,4 +1,4 @@
-' A For variable keeps the value that ended the loop; the bounds are read once, the step decides
+' A For variable keeps the value that ended the loop; the bound is read once and the step decides
 ' the direction.
 limit = 3
 For i = 1 To limit

@@ -4,4 +4,4 @@ zero = 0
 x = 7 \ zero
 Console.WriteLine "never"
 ' > inf
-' error: 4: Error: Unknown error: division by zero
+' error: 4: Error: Unknown error:
