@@ -36,7 +36,7 @@ MacroEval::~MacroEval() {
     if (m_Map) {
         SCC_MapIterator<SYS_StrNoCase, UI_MacroVariant> it(*m_Map);
         for (bool more = it.GetFirst(); more; more = it.Next())
-            flushParent(it.GetValue()->getRefVal());
+            flushParent(it.GetValue().getRefVal());
     }
     if (m_Parent)
         m_Parent->Remove(*this, nullptr);

@@ -74,6 +74,8 @@ void MacroSupport::SetProcessor(MacroSupport* processor) { s_Processor = process
 void MacroSupport::SetHostHooks(const MacroHostHooks& hooks) {
     processWide<MacroHostHooks>() = hooks;
     s_HasStatementHook = static_cast<bool>(hooks.statement);
+    SFM_FilePath::SetDefaultPathHook(hooks.defaultPath);
+    SFM_FilePath::SetApplicationNameHook(hooks.applicationName);
     if (hooks.debugOutput)
         SetDebugOutput([](const char* text) { GetHostHooks().debugOutput(text); });
     else
@@ -104,7 +106,7 @@ void MacroSupport::Reset() {
     m_Options.explicitDeclarations = 0;
     SCC_MapIterator<SYS_StrNoCase, UI_MacroVariant> it(getMap());
     for (bool more = it.GetFirst(); more; more = it.Next()) {
-        UI_MacroVariant* object = it.GetValue()->getRefVal();
+        UI_MacroVariant* object = it.GetValue().getRefVal();
         if (object && object->IsMacroEval())
             static_cast<MacroEval*>(object)->OnParserReset(*this);
     }
