@@ -76,6 +76,8 @@ protected:
     static SYS_String getColorVarNameByRGB(int color);
 
 private:
+    friend struct MacroVariantAccess;
+
     bool GetDispatch(IDispatch** out) const override;
     const _GUID* GetIID() const override;
 

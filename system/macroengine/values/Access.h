@@ -2,6 +2,8 @@
 
 #include <UI_MacroVariant.h>
 
+class MacroEval;
+
 /// What the interpreter may do to a value beyond its public operations.
 struct MacroVariantAccess {
     /// Makes the value a list of n Empty elements; gives the first of them.
@@ -16,6 +18,10 @@ struct MacroVariantAccess {
         array.SetSize(n);
         return array.WritableData();
     }
+    /// Makes the value an array of Empty elements; the outermost level comes first.
+    static void MakeArray(UI_MacroVariant& value, const _ArraySubscript* levels, int dims);
+    /// The automation face of a host's object, counted for the caller; false if it has none.
+    static bool GetDispatch(const MacroEval& object, IDispatch** out);
     /// Carries out a pending call of an Object.
     static void Invoke(UI_MacroVariant& value) { value.invokeObjectIfNeeded(); }
     static void SetArguments(UI_MacroVariant& value, UI_MacroVariant* args, int argc) {

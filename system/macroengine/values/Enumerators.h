@@ -9,9 +9,12 @@ struct IUnknown;
 /// Over the elements of an array, innermost dimension fastest. Walks a copy that shares the
 /// elements, so reshaping the array during the walk is safe.
 IUnknown* MakeArrayEnumerator(const UI_MacroVariant& array);
-/// Whether the value is an object with an automation face.
+/// Whether the value is an automation object (Nothing is one too), or a host's object with an
+/// automation face.
 bool HasCollectionFace(UI_MacroVariant& object);
-/// Over the items of an automation object; null if it has no enumerator.
+/// Over the items of an automation object; null if it has no enumerator. Raises: 14 for Nothing.
+/// Re-enters: host objects.
 IUnknown* MakeObjectEnumerator(UI_MacroVariant& object);
-/// The next item; false at the end.
+/// The next item; false at the end. The enumerator must come from one of the makers above.
+/// Re-enters: host objects.
 bool TakeNextItem(IUnknown& enumerator, UI_MacroVariant& item);
