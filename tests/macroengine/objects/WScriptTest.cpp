@@ -123,7 +123,7 @@ TEST_F(WScriptTest, TheErrorObjectCannotBeNamed) {
     EXPECT_EQ(error.GetEvalParent(), nullptr);
     EXPECT_EQ(error.Evaluate("Number", nullptr, 0).getRefVal(),
               static_cast<UI_MacroVariant*>(&error));
-    EXPECT_EQ(run("Result.Title = IsEmpty(Err)"), "True");
+    EXPECT_EQ(run("Result.Title = TypeName(Err)"), "Empty");
 }
 
 } // namespace

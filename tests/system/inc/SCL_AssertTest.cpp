@@ -17,8 +17,10 @@ volatile std::sig_atomic_t s_Traps = 0;
 TEST(SCL_Assert, DefaultHandlerWritesOneLineAndGoesOn) {
     s_Output.clear();
     auto old = SetDebugOutput([](const char* text) { s_Output += text; });
+    auto handler = SetAssertHandler(nullptr);
     EXPECT_TRUE(SSM_AssertFailed("broken", "file.cpp", 12, SSM_Error, 0));
     EXPECT_TRUE(SDM_AssertFailed(eAssertError, "x > 0", "other.cpp", 3));
+    SetAssertHandler(handler);
     SetDebugOutput(old);
     EXPECT_EQ(s_Output, "file.cpp:12: broken\nother.cpp:3: x > 0\n");
 }
