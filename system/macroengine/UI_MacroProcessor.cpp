@@ -354,14 +354,6 @@ ParserTree::Cell* MacroSupport::getResultVal(ParserTree::Node* node) {
     return cell && cell->frame == top ? cell : top->MakeCell(*slots);
 }
 
-UI_MacroVariant& MacroSupport::ownResult(ParserTree::FrameResult<UI_MacroVariant>& slots) {
-    ExecutionContext* top = m_ContextStack->Top();
-    if (!top)
-        OnError(errInternal, SYS_String());
-    ParserTree::Cell* cell = slots.GetTop();
-    return cell && cell->frame == top ? cell->value : top->MakeCell(slots)->value;
-}
-
 void MacroSupport::releaseResult(ParserTree::Node* node) {
     if (ParserTree::Cell* cell = findResult(node))
         ExecutionContext::FreeCell(cell);

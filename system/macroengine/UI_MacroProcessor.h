@@ -223,8 +223,6 @@ public:
 
     /// The cell of a node for the top frame, made if it has none; null without a frame.
     ParserTree::Cell* getResultVal(ParserTree::Node* node);
-    /// The same for a node's own result. Raises: 46 without a frame.
-    UI_MacroVariant& ownResult(ParserTree::FrameResult<UI_MacroVariant>& slots);
     /// The cell if there is one.
     ParserTree::Cell* findResult(ParserTree::Node* node) const;
     void releaseResult(ParserTree::Node* node);

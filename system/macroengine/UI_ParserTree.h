@@ -312,6 +312,7 @@ public:
     struct KEL_MCR_API BinaryOp : ValueSlots {
         static constexpr Kind kKind = Kind::BinaryOp;
         int code = -1;
+        Step OnEnter(Node& node, MacroParser& processor);
         Step OnLeave(Node& node, MacroParser& processor);
     };
     struct KEL_MCR_API UnaryOp : ValueSlots {
@@ -437,6 +438,7 @@ public:
     struct KEL_MCR_API Statement {
         static constexpr Kind kKind = Kind::Statement;
         int code = -1;
+        Step OnEnter(Node& node, MacroParser& processor);
         Step OnLeave(Node& node, MacroParser& processor);
     };
     struct KEL_MCR_API MissingValue : ValueSlots {
@@ -462,6 +464,7 @@ public:
     };
     struct KEL_MCR_API ObjectExec : ValueSlots {
         static constexpr Kind kKind = Kind::ObjectExec;
+        Step OnEnter(Node& node, MacroParser& processor);
         Step OnLeave(Node& node, MacroParser& processor);
     };
 

@@ -139,7 +139,7 @@ Step ParserTree::ForCond::OnEnter(Node& node, MacroParser& processor) {
 /// Leave: first assign the start and keep bound and step in the own cell, later add the step.
 Step ParserTree::ForCond::OnLeave(Node& node, MacroParser& processor) {
     UI_MacroVariantParam& variableSlot = loopVariable(processor, *this);
-    UI_MacroVariant& state = processor.ownResult(*this);
+    UI_MacroVariant& state = ownResult(processor, *this);
     bool goesOn = false;
     if (state.GetType() != vvtArray) {
         Node* start = node.GetFirstChild();
@@ -174,7 +174,7 @@ Step ParserTree::ForeachCond::OnEnter(Node& node, MacroParser& processor) {
 /// Leave: first make an enumerator and keep it in the own cell, then take the next item.
 Step ParserTree::ForeachCond::OnLeave(Node& node, MacroParser& processor) {
     UI_MacroVariantParam& variableSlot = loopVariable(processor, *this);
-    UI_MacroVariant& state = processor.ownResult(*this);
+    UI_MacroVariant& state = ownResult(processor, *this);
     if (state.GetType() != vvtUnknown) {
         Cell& collection = operand(processor, node.GetFirstChild());
         MakeEnumerator(processor, collection.value, state);

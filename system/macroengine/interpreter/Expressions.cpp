@@ -2,7 +2,7 @@
 //
 //   literals            Enter  store the value
 //   VariantList         Leave  a list of the children's values
-//   BinaryOp, UnaryOp   Leave  combine the operands' cells
+//   BinaryOp, UnaryOp   Leave  combine the operands' cells (Enter: when both can be read in place)
 //   Object              Leave  resolve the name; the value may still stand for a call
 //   ObjectExec          Leave  carry the call out, or hand the value on
 
@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "engine/TypeLibrary.h"
+#include "interpreter/Leaves.h"
 #include "interpreter/Semantics.h"
 #include "values/CopyOut.h"
 #include "values/FastPath.h"
@@ -66,7 +67,7 @@ Step ParserTree::VariantList::OnLeave(Node& node, MacroParser& processor) {
     int count = 0;
     for (Node* child = node.GetFirstChild(); child; child = child->GetNextSibling())
         ++count;
-    UI_MacroVariant& list = processor.ownResult(*this);
+    UI_MacroVariant& list = ownResult(processor, *this);
     UI_MacroVariant* element = MacroVariantAccess::MakeList(list, count);
     for (Node* child = node.GetFirstChild(); child; child = child->GetNextSibling()) {
         Cell& cell = operand(processor, child);
@@ -193,121 +194,162 @@ UI_MacroVariant compute(MacroParser& processor, int code, UI_MacroVariant& left,
     return UI_MacroVariant();
 }
 
-/// Numbers on both sides, the common case, without a temporary value.
-bool computeNumbers(int code, const UI_MacroVariant& a, const UI_MacroVariant& b,
-                    UI_MacroVariant& out) {
-    using Access = MacroVariantAccess;
-    if (a.GetType() == vvtInteger && b.GetType() == vvtInteger) {
-        const __int64 x = Access::Integer(a);
-        const __int64 y = Access::Integer(b);
-        const auto ux = static_cast<unsigned long long>(x);
-        const auto uy = static_cast<unsigned long long>(y);
-        switch (code) {
-        case opAdd:
-            out.Clear();
-            out.SetIntVal(static_cast<__int64>(ux + uy));
-            return true;
-        case opSubtract:
-            out.Clear();
-            out.SetIntVal(static_cast<__int64>(ux - uy));
-            return true;
-        case opMultiply:
-            out.Clear();
-            out.SetIntVal(static_cast<__int64>(ux * uy));
-            return true;
-        case opEqual:
-        case opEqv:
-            out.Clear();
-            out.SetBoolVal(x == y);
-            return true;
-        case opNotEqual:
-            out.Clear();
-            out.SetBoolVal(x != y);
-            return true;
-        case opLess:
-            out.Clear();
-            out.SetBoolVal(x < y);
-            return true;
-        case opLessEqual:
-            out.Clear();
-            out.SetBoolVal(x <= y);
-            return true;
-        case opGreater:
-            out.Clear();
-            out.SetBoolVal(x > y);
-            return true;
-        case opGreaterEqual:
-            out.Clear();
-            out.SetBoolVal(x >= y);
-            return true;
-        default:
-            return false;
-        }
-    }
-    const bool numbers = (a.GetType() == vvtInteger || a.GetType() == vvtDouble) &&
-                         (b.GetType() == vvtInteger || b.GetType() == vvtDouble);
-    if (!numbers)
-        return false;
-    const double x = Access::Number(a);
-    const double y = Access::Number(b);
+bool computeIntegers(int code, __int64 x, __int64 y, Scalar& out) {
+    const auto ux = static_cast<unsigned long long>(x);
+    const auto uy = static_cast<unsigned long long>(y);
+    out.type = vvtInteger;
     switch (code) {
     case opAdd:
-        out.Clear();
-        out.SetRealVal(x + y);
+        out.integer = static_cast<__int64>(ux + uy);
         return true;
     case opSubtract:
-        out.Clear();
-        out.SetRealVal(x - y);
+        out.integer = static_cast<__int64>(ux - uy);
         return true;
     case opMultiply:
-        out.Clear();
-        out.SetRealVal(x * y);
+        out.integer = static_cast<__int64>(ux * uy);
         return true;
+    default:
+        break;
+    }
+    out.type = vvtBoolean;
+    switch (code) {
     case opEqual:
     case opEqv:
-        out.Clear();
-        out.SetBoolVal(x == y);
+        out.integer = x == y;
         return true;
     case opNotEqual:
-        out.Clear();
-        out.SetBoolVal(x != y);
+        out.integer = x != y;
         return true;
     case opLess:
-        out.Clear();
-        out.SetBoolVal(x < y);
+        out.integer = x < y;
         return true;
     case opLessEqual:
-        out.Clear();
-        out.SetBoolVal(x <= y);
+        out.integer = x <= y;
         return true;
     case opGreater:
-        out.Clear();
-        out.SetBoolVal(x > y);
+        out.integer = x > y;
         return true;
     case opGreaterEqual:
-        out.Clear();
-        out.SetBoolVal(x >= y);
+        out.integer = x >= y;
         return true;
     default:
         return false;
     }
 }
 
+bool computeReals(int code, double x, double y, Scalar& out) {
+    out.type = vvtDouble;
+    switch (code) {
+    case opAdd:
+        out.real = x + y;
+        return true;
+    case opSubtract:
+        out.real = x - y;
+        return true;
+    case opMultiply:
+        out.real = x * y;
+        return true;
+    default:
+        break;
+    }
+    out.type = vvtBoolean;
+    switch (code) {
+    case opEqual:
+    case opEqv:
+        out.integer = x == y;
+        return true;
+    case opNotEqual:
+        out.integer = x != y;
+        return true;
+    case opLess:
+        out.integer = x < y;
+        return true;
+    case opLessEqual:
+        out.integer = x <= y;
+        return true;
+    case opGreater:
+        out.integer = x > y;
+        return true;
+    case opGreaterEqual:
+        out.integer = x >= y;
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Division of numbers that need no rounding and can neither fail nor wrap.
+bool divideNumbers(int code, const Scalar& a, const Scalar& b, Scalar& out) {
+    if (code == opDivide) {
+        out.type = vvtDouble;
+        out.real = a.AsReal() / b.AsReal();
+        return true;
+    }
+    if (code != opMod && code != opIntDivide)
+        return false;
+    constexpr double kExact = 9007199254740992.0; // integers up to here are exact reals
+    const double x = a.AsReal();
+    const double y = b.AsReal();
+    const bool whole = x >= -kExact && x <= kExact && y >= -kExact && y <= kExact &&
+                       x == static_cast<double>(static_cast<__int64>(x)) &&
+                       y == static_cast<double>(static_cast<__int64>(y));
+    if (!whole || y == 0)
+        return false;
+    out.type = vvtInteger;
+    const auto dividend = static_cast<__int64>(x);
+    const auto divisor = static_cast<__int64>(y);
+    out.integer = code == opMod ? dividend % divisor : dividend / divisor;
+    return true;
+}
+
+/// Numbers on both sides, the common case. False leaves the work to the value operators.
+bool computeNumbers(int code, const Scalar& a, const Scalar& b, Scalar& out) {
+    if (code == opDivide || code == opMod || code == opIntDivide)
+        return divideNumbers(code, a, b, out);
+    if (a.type == vvtInteger && b.type == vvtInteger)
+        return computeIntegers(code, a.integer, b.integer, out);
+    return computeReals(code, a.AsReal(), b.AsReal(), out);
+}
+
 } // namespace
+
+/// Enter: compute at once if both operands are leaves; pass over a left one.
+Step ParserTree::BinaryOp::OnEnter(Node& node, MacroParser& processor) {
+    Node* first = node.GetFirstChild();
+    Node* second = first->GetNextSibling();
+    UI_MacroVariantParam* leftVariable = nullptr;
+    UI_MacroVariantParam* rightVariable = nullptr;
+    if (!isLeaf(processor, first, leftVariable))
+        return {first, false};
+    if (!isLeaf(processor, second, rightVariable))
+        return {second, false};
+    Scalar a;
+    Scalar b;
+    Scalar result;
+    if (!leafNumber(first, leftVariable, a) || !leafNumber(second, rightVariable, b) ||
+        !computeNumbers(code, a, b, result))
+        return OnLeave(node, processor);
+    result.Store(freshResult(processor, *this));
+    return node.GetStepAfter();
+}
 
 Step ParserTree::BinaryOp::OnLeave(Node& node, MacroParser& processor) {
     Node* first = node.GetFirstChild();
-    Cell& left = operand(processor, first);
-    Cell& right = operand(processor, first->GetNextSibling());
+    Cell& left = leafOperand(processor, first);
+    Cell& right = leafOperand(processor, first->GetNextSibling());
     const UI_MacroVariant* a = readScalar(left.value);
     const UI_MacroVariant* b = a ? readScalar(right.value) : nullptr;
-    if (!b || !computeNumbers(code, *a, *b, left.value)) {
-        if (code == opJoin) {
-            join(left.value, right.value);
-        } else {
-            UI_MacroVariant result = compute(processor, code, left.value, right.value);
-            left.value.Take(result);
-        }
+    Scalar x;
+    Scalar y;
+    Scalar result;
+    if (b && readNumber(*a, x) && readNumber(*b, y) && computeNumbers(code, x, y, result)) {
+        left.value.Clear();
+        result.Store(left.value);
+    } else if (code == opJoin) {
+        join(left.value, right.value);
+    } else {
+        UI_MacroVariant value = compute(processor, code, left.value, right.value);
+        left.value.Take(value);
     }
     ExecutionContext::FreeCell(&right);
     adopt(*this, left);
@@ -415,6 +457,16 @@ Step ParserTree::Object::OnLeave(Node& node, MacroParser& processor) {
     if (prefixCell)
         ExecutionContext::FreeCell(prefixCell);
     return node.GetStepAfter();
+}
+
+/// Enter: a plain variable is taken without a visit to its name.
+Step ParserTree::ObjectExec::OnEnter(Node& node, MacroParser& processor) {
+    Node* child = node.GetFirstChild();
+    if (UI_MacroVariantParam* variable = plainVariable(processor, child)) {
+        freshResult(processor, *this).SetLValueVal(variable);
+        return node.GetStepAfter();
+    }
+    return {child, false};
 }
 
 Step ParserTree::ObjectExec::OnLeave(Node& node, MacroParser& processor) {

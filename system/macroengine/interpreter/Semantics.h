@@ -16,10 +16,23 @@ using Kind = ParserTree::Kind;
 
 /// The cell of an operand. Raises: 46 if the node computes no value.
 inline Cell& operand(MacroParser& processor, Node* node) {
-    Cell* cell = processor.getResultVal(node);
-    if (!cell)
+    auto* slots = node ? node->GetResult() : nullptr;
+    ExecutionContext* top = processor.GetFrames().Top();
+    if (slots && top) {
+        Cell* cell = slots->GetTop();
+        return cell && cell->frame == top ? *cell : *top->MakeCell(*slots);
+    }
+    processor.OnError(errInternal, SYS_String());
+    return *processor.getResultVal(node);
+}
+
+/// The value of a node's own cell. Raises: 46 without a frame.
+inline UI_MacroVariant& ownResult(MacroParser& processor, ParserTree::ValueSlots& slots) {
+    ExecutionContext* top = processor.GetFrames().Top();
+    if (!top)
         processor.OnError(errInternal, SYS_String());
-    return *cell;
+    Cell* cell = slots.GetTop();
+    return cell && cell->frame == top ? cell->value : top->MakeCell(slots)->value;
 }
 
 /// Makes an operand's cell the node's own result.
@@ -41,7 +54,7 @@ SYS_String withDescription(const char* text, const SYS_String& description);
 
 /// A clean slot for the node's result.
 inline UI_MacroVariant& freshResult(MacroParser& processor, ParserTree::ValueSlots& slots) {
-    UI_MacroVariant& value = processor.ownResult(slots);
+    UI_MacroVariant& value = ownResult(processor, slots);
     value.Clear();
     return value;
 }

@@ -4,6 +4,7 @@
 
 #include <SCL_Assert.h>
 
+#include "interpreter/Leaves.h"
 #include "interpreter/ScriptExecution.h"
 #include "interpreter/Semantics.h"
 
@@ -42,7 +43,19 @@ void refuseAssignment(MacroParser& processor, Node* target) {
     processor.OnError(withDescription("Illegal assignment", name));
 }
 
+/// The plain variable that a target names, if it needs no visit.
+UI_MacroVariantParam* targetVariable(MacroParser& processor, Node* target) {
+    return target->Is(Kind::Object) && !target->GetFirstChild() ? plainVariable(processor, target)
+                                                                : nullptr;
+}
+
 UI_MacroVariant& assignmentTarget(MacroParser& processor, Node* target) {
+    if (!processor.findResult(target))
+        if (UI_MacroVariantParam* variable = targetVariable(processor, target)) {
+            if (leadsToConstant(*variable))
+                refuseAssignment(processor, target);
+            return *variable;
+        }
     UI_MacroVariant& value = operand(processor, target).value;
     if (value.GetType() == vvtFunction || leadsToConstant(value))
         refuseAssignment(processor, target);
@@ -66,6 +79,16 @@ void bindObject(MacroParser& processor, Node& node) {
 }
 
 } // namespace
+
+/// Enter: the target of an assignment to a plain variable is passed over.
+Step ParserTree::Statement::OnEnter(Node& node, MacroParser& processor) {
+    Node* first = node.GetFirstChild();
+    if (!first)
+        return OnLeave(node, processor);
+    if (code == stLet && targetVariable(processor, first))
+        return {first->GetNextSibling(), false};
+    return {first, false};
+}
 
 Step ParserTree::Statement::OnLeave(Node& node, MacroParser& processor) {
     if (code != stCall && processor.GetExecutionMode() == MacroSupport::emEvalPure)
