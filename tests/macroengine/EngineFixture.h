@@ -26,9 +26,9 @@ using Lines = std::vector<std::string>;
 enum class Feed { Whole, LineByLine };
 
 /// Macro text from memory, given as one piece or line by line.
-class TextSource : public MacroSource {
+class MemorySource : public MacroSource {
 public:
-    explicit TextSource(std::string_view text, Feed feed = Feed::Whole, const char* fileName = "")
+    explicit MemorySource(std::string_view text, Feed feed = Feed::Whole, const char* fileName = "")
         : m_Feed(feed), m_Text(text), m_FileName(fileName) {
         for (std::size_t start = 0; start < text.size();) {
             const std::size_t end = std::min(text.find('\n', start), text.size());
@@ -132,8 +132,8 @@ protected:
     }
 
     static MacroSupport& processor() { return *MacroSupport::GetProcessor(); }
-    static SCL_Pointer<TextSource> textSource(std::string_view text, Feed feed = Feed::Whole) {
-        return new TextSource(text, feed);
+    static SCL_Pointer<MemorySource> textSource(std::string_view text, Feed feed = Feed::Whole) {
+        return new MemorySource(text, feed);
     }
     static std::string textOf(const UI_MacroVariant& value) {
         return std::string(static_cast<SYS_String>(value).View());
@@ -147,7 +147,7 @@ protected:
     Lines runText(std::string_view text, Feed feed = Feed::Whole) {
         return runSource(textSource(text, feed));
     }
-    Lines runSource(const SCL_Pointer<TextSource>& source) {
+    Lines runSource(const SCL_Pointer<MemorySource>& source) {
         log.lines.clear();
         Lines output;
         try {

@@ -37,7 +37,7 @@ void expectDetached(const Node& node) {
 class ParserTreeTest : public testing::Test {
 protected:
     bool parse(std::string_view text) {
-        processor.SetSource(new TextSource(text));
+        processor.SetSource(new MemorySource(text));
         return processor.Parse();
     }
     Tree& tree() { return processor.GetTree(); }

@@ -11,7 +11,7 @@ using Processor = MacroSupport;
 using Mode = Processor::ExecutionMode;
 
 /// A debugger: pauses at breakpoints, and at each pause goes on in the next mode of a plan.
-class Debugger : public TextSource {
+class Debugger : public MemorySource {
 public:
     struct Stop {
         long line;
@@ -22,7 +22,7 @@ public:
         }
     };
 
-    using TextSource::TextSource;
+    using MemorySource::MemorySource;
 
     bool IsBreakPoint(long line) override {
         asked.push_back(line);
@@ -325,10 +325,12 @@ TEST_F(RunLoopTest, TheStatementHookSeesEveryStatement) {
 }
 
 TEST_F(RunLoopTest, TheStatementHookEndsEndlessLoops) {
-    const char* const loops[] = {"Do\n  x = x + 1\nLoop", "While True\nWend",
-                                 "For i = 1 To 1 Step 0\nNext",
-                                 "again 1\nSub again(n)\n  x = 1\n"
-                                 "  again n\nEnd Sub"};
+    const char* const loops[] = {
+        "Do\n  x = x + 1\nLoop",
+        "While True\nWend",
+        "For i = 1 To 1 Step 0\nNext",
+        "again 1\nSub again(n)\n  x = 1\n  again n\nEnd Sub",
+    };
     for (const char* text : loops) {
         int count = 0;
         setHooks([&](long) {

@@ -27,9 +27,9 @@ protected:
 };
 
 /// Tells when it is deleted.
-class MortalSource : public TextSource {
+class MortalSource : public MemorySource {
 public:
-    MortalSource(std::string_view text, bool& deleted) : TextSource(text), m_Deleted(deleted) {}
+    MortalSource(std::string_view text, bool& deleted) : MemorySource(text), m_Deleted(deleted) {}
     ~MortalSource() override { m_Deleted = true; }
 
 private:
@@ -85,7 +85,7 @@ TEST(UI_MacroLife, EngineStartsAndEndsInPairsAnyNumberOfTimes) {
         {
             UI_Macro macro(true);
             macro.Register(log, "Log");
-            SCL_Pointer<TextSource> source = new TextSource("Log.Add 6 * 7");
+            SCL_Pointer<MemorySource> source = new MemorySource("Log.Add 6 * 7");
             macro.Execute(source, "", nullptr, 0);
             MacroEngineDllTerminate();
             macro.Execute(source, "", nullptr, 0);
@@ -126,7 +126,7 @@ TEST(UI_MacroLife, AMacroThatIsNotCurrentRunsNothing) {
     UI_Macro macro(false);
     macro.Register(log, "Log");
     EXPECT_EQ(MacroSupport::GetProcessor(), nullptr);
-    SCL_Pointer<TextSource> source = new TextSource("Log.Add 1");
+    SCL_Pointer<MemorySource> source = new MemorySource("Log.Add 1");
 
     AssertRecorder asserts;
     EXPECT_TRUE(macro.Execute(source, "", nullptr, 0).IsEmpty());
