@@ -1,6 +1,8 @@
 #include "UI_MacroProcessor.h"
 
 #include <SCL_Assert.h>
+#include <SCL_Path.h>
+#include <SFM_Directory.h>
 #include <SFM_FilePath.h>
 
 #include "engine/ErrorTexts.h"
@@ -184,7 +186,7 @@ UI_MacroVariant MacroSupport::ExecuteMacro(const SYS_String& file, const SYS_Str
     ClearLastError();
     if (!file.IsEmpty()) {
         SFM_FilePath path(file);
-        path.SetDefault("*.mcr");
+        path.SetDefault(SCL::PathAppend(SFM_Directory::GetCurDir(0), "*.mcr"));
         SetSource(new MacroSourceFile(SYS_String(path)));
     }
     if (!Parse())

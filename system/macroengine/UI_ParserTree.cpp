@@ -206,12 +206,13 @@ void ParserTree::freeUnit(ScriptUnit* unit) {
 }
 
 void ParserTree::place(Node* node) {
-    attachToLine(node, GetOrCreatePosition(nullptr, m_Processor.GetParsePosition()));
+    GetOrCreatePosition(node, m_Processor.GetParsePosition());
 }
 
 ParserTree::Position* ParserTree::GetOrCreatePosition(Node* node, long line) {
-    SCL_ASSERT(line >= 0, "ParserTree::GetOrCreatePosition: negative line");
-    const auto index = static_cast<std::size_t>(line < 0 ? 0 : line);
+    if (!SCL_ASSERT(line >= 0, "ParserTree::GetOrCreatePosition: negative line"))
+        return nullptr;
+    const auto index = static_cast<std::size_t>(line);
     auto& lines = m_Script->m_Lines;
     if (index >= lines.size()) {
         if (index >= lines.capacity())
@@ -277,6 +278,10 @@ void ParserTree::CloseBlock() {
         return;
     Position* closing = GetOrCreatePosition(nullptr, m_Processor.GetParsePosition());
     Position* opening = block->m_Position;
+    if (!closing) {
+        m_Parent = block->m_Parent;
+        return;
+    }
     if (opening && opening != closing) {
         closing->blockBegin = opening;
         opening->blockEnd = closing;

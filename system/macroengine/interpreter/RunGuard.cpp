@@ -2,13 +2,20 @@
 
 #include "engine/Frames.h"
 
+namespace {
+
+int s_NativeRuns = 0;
+
+} // namespace
+
 RunGuard::RunGuard(MacroParser& processor)
     : m_Processor(processor), m_Function(processor.m_CurrentFunction),
       m_Unit(processor.GetTree().GetCurrentUnit()),
       m_Frames(processor.m_ContextStack->GetCount()),
       m_Blocks(m_Frames ? processor.m_ContextStack->Top()->GetBlockDepth() : 0) {
-    if (processor.m_PlaybackDepth >= MacroSupport::GetLimits().nestedRuns)
+    if (s_NativeRuns >= MacroSupport::GetLimits().nestedRuns)
         processor.OnError(errIllegalNesting, SYS_String());
+    ++s_NativeRuns;
     ++processor.m_PlaybackDepth;
 }
 
@@ -21,6 +28,7 @@ RunGuard::~RunGuard() {
     m_Processor.m_CurrentFunction = m_Function;
     if (m_Unit && m_Processor.GetTree().GetCurrentUnit() != m_Unit)
         m_Processor.GetTree().SetCurrentUnit(m_Unit);
+    --s_NativeRuns;
     --m_Processor.m_PlaybackDepth;
     if (m_Processor.m_PlaybackDepth > 0)
         return;

@@ -6,7 +6,7 @@
 /// back to what they were on every way out. Frames above the entry are gone after it.
 class RunGuard {
 public:
-    /// Raises 42 when runs are nested too deep on the native stack.
+    /// Raises 42 when runs, of all processors together, are nested too deep on the native stack.
     explicit RunGuard(MacroParser& processor);
     RunGuard(const RunGuard&) = delete;
     RunGuard& operator=(const RunGuard&) = delete;

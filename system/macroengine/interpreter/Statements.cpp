@@ -7,6 +7,7 @@
 #include "interpreter/Leaves.h"
 #include "interpreter/ScriptExecution.h"
 #include "interpreter/Semantics.h"
+#include "values/CopyOut.h"
 
 using namespace semantics;
 
@@ -24,18 +25,6 @@ enum StatementCode {
     stErase = 8
 };
 
-/// Whether a write through the value would end at a constant.
-bool leadsToConstant(const UI_MacroVariant& value) {
-    for (const UI_MacroVariant* v = &value; v;) {
-        if (v->isConstant())
-            return true;
-        if (v->GetType() != vvtReference)
-            return false;
-        v = v->getRefVal();
-    }
-    return false;
-}
-
 void refuseAssignment(MacroParser& processor, Node* target) {
     SYS_String name;
     if (target->Is(Kind::Object))
@@ -52,12 +41,12 @@ UI_MacroVariantParam* targetVariable(MacroParser& processor, Node* target) {
 UI_MacroVariant& assignmentTarget(MacroParser& processor, Node* target) {
     if (!processor.findResult(target))
         if (UI_MacroVariantParam* variable = targetVariable(processor, target)) {
-            if (leadsToConstant(*variable))
+            if (LeadsToConstant(*variable))
                 refuseAssignment(processor, target);
             return *variable;
         }
     UI_MacroVariant& value = operand(processor, target).value;
-    if (value.GetType() == vvtFunction || leadsToConstant(value))
+    if (value.GetType() == vvtFunction || LeadsToConstant(value))
         refuseAssignment(processor, target);
     if (value.GetType() == vvtReference && value.getRefVal())
         return *value.getRefVal();

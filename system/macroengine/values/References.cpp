@@ -31,6 +31,16 @@ UI_MacroVariant CopyOut(UI_MacroVariant* value) {
     return UI_MacroVariant(*value);
 }
 
+bool LeadsToConstant(const UI_MacroVariant& value) {
+    for (const UI_MacroVariant* v = &value; v; v = v->getRefVal()) {
+        if (v->isConstant())
+            return true;
+        if (v->GetType() != vvtReference)
+            return false;
+    }
+    return false;
+}
+
 // --- UI_MacroVariant -----------------------------------------------------------------------
 
 UI_MacroVariant* UI_MacroVariant::getBody() const {
@@ -225,7 +235,7 @@ void UI_MacroVariant::SetObjectRef(const UI_MacroVariant& src) {
         return;
     }
     UI_MacroVariant* target = GetLVal();
-    if (!target || target->isConstant()) {
+    if (!target || LeadsToConstant(*this)) {
         Fail("Object cannot be referenced");
         return;
     }
@@ -474,8 +484,10 @@ void UI_MacroVariantParam::SetObjectRef(const UI_MacroVariant& src) {
     if (m_Constant)
         return;
     UI_MacroVariant* t = writeTarget();
-    if (t->isConstant())
+    if (t->isConstant()) {
+        Fail("Object cannot be referenced");
         return;
+    }
     if (&src == t) {
         Fail(errSetToItself);
         return;
