@@ -1,0 +1,54 @@
+#pragma once
+
+// How failures of macros reach the host: one exception type for every error of a parse or a run.
+
+#include <SCL_Pointer.h>
+#include <SCL_Types.h>
+#include <SYS_String.h>
+
+using namespace kel_ns;
+
+class MacroSource;
+
+/// The errors with a number of their own. Any other number reads "Error: Unknown error".
+enum MacroERR_Code : int {
+#define MACRO_ERROR(code, name, id, text) err##name = code,
+#include "engine/ErrorCodes.def"
+#undef MACRO_ERROR
+};
+
+/// What went wrong in a macro and where. The language cannot catch it: it ends the parse or run.
+class KEL_MCR_API MacroException {
+public:
+    /// Keeps the text as given. `position` is a zero-based line. Takes a counted reference to
+    /// the source, which may be null.
+    MacroException(const SYS_String& text, const SYS_String& path, int position,
+                   MacroSource* source);
+    /// The text is the one of the code.
+    MacroException(MacroERR_Code code, const SYS_String& path, int position, MacroSource* source);
+    MacroException(const MacroException& other);
+    MacroException& operator=(const MacroException& other);
+    virtual ~MacroException();
+
+    /// Appends ": " and the parameter, also an empty one.
+    void AddParam(const SYS_String& param);
+    const SYS_String& GetText() const { return m_Text; }
+    const SYS_String& GetFilePath() const { return m_FilePath; }
+    int GetPosition() const { return m_Position; }
+    MacroSource* GetSource() const;
+
+private:
+    SCL_Pointer<MacroSource> m_Source;
+    SYS_String m_Text;
+    SYS_String m_FilePath;
+    int m_Position;
+};
+
+/// Thrown by a host, or by a host callback under a macro, to end a run. Not an error.
+class KEL_MCR_API MacroStopException {
+public:
+    virtual ~MacroStopException();
+};
+
+/// The text of an error number; "Unknown Error" if the engine's texts are not available.
+KEL_MCR_API SYS_String GetMacroErrorText(MacroERR_Code code);

@@ -1,0 +1,119 @@
+#pragma once
+
+// Where macro text comes from and where recorded text goes. A source is also the hook of a
+// debugger: the run loop asks it at every statement whether to stop.
+
+#include <SCC_Array.h>
+#include <SCL_Pointer.h>
+#include <SCL_Types.h>
+#include <SFM_File.h>
+#include <SYS_String.h>
+
+using namespace kel_ns;
+
+class MacroException;
+
+/// Text for the parser, and the debugger's hook into the run. Counted: the engine takes a
+/// reference; an object on the stack must call DisableRefCount and outlive the engine's use.
+class KEL_MCR_API MacroSource : public tRefCounted<iRefCounted> {
+public:
+    MacroSource() = default;
+    ~MacroSource() override;
+
+    /// The mode became paused. Must change the mode before it returns, or leave that to the
+    /// host's idle hook. Re-enters: any.
+    virtual void OnPause();
+
+protected:
+    virtual void OnEnableExecution(int enable);
+
+public:
+    /// Back to the start of the text.
+    virtual void Reset() = 0;
+    /// Gives the next piece of text (a line, or all of it); 0 at the end.
+    virtual int GetNextLine(SYS_String& line, bool forParsing) = 0;
+    virtual SYS_String GetFileName() = 0;
+    /// Asked for every statement that is about to run; `line` is zero-based.
+    virtual bool IsBreakPoint(long line);
+    virtual void OnContinue();
+    virtual void OnWakeup();
+    /// True if the text comes line by line.
+    virtual bool LineByLine();
+    /// A new source (count 0) for another file, or null.
+    virtual MacroSource* Clone(char const* name) = 0;
+    /// True keeps the macro alive at the failing statement.
+    virtual bool BreakOnError(MacroException& error);
+
+    /// The line that the run has just passed, zero-based.
+    long GetPosition() const { return m_Position; }
+    void SetPosition(long position) { m_Position = position; }
+    /// The line that is about to run, zero-based.
+    long GetNextPosition() const { return m_NextPosition; }
+    void SetNextPosition(long position) { m_NextPosition = position; }
+
+    /// Told by the base OnPause, so that the run loop knows that nobody is going to resume.
+    bool TakeNoDebuggerNote();
+
+protected:
+    void noteNoDebugger() { m_NoDebugger = true; }
+
+private:
+    long m_Position = 0;
+    long m_NextPosition = 0;
+    bool m_NoDebugger = false;
+};
+
+/// A macro file, given to the parser as a whole.
+class KEL_MCR_API MacroSourceFile : public MacroSource {
+public:
+    /// Opens the file; null makes a source without one.
+    explicit MacroSourceFile(char const* name);
+    ~MacroSourceFile() override;
+
+    /// Closes the file, so that the user can edit it during a pause.
+    void OnPause() override;
+    void Reset() override;
+    int GetNextLine(SYS_String& line, bool forParsing) override;
+    SYS_String GetFileName() override;
+    bool LineByLine() override;
+    MacroSource* Clone(char const* name) override;
+
+    /// Whether the file could be opened and is small enough to be read as a whole.
+    bool IsReadable();
+
+protected:
+    SFM_File m_File;
+
+private:
+    bool ensureOpen();
+    int readWhole(SYS_String& text);
+
+    SCC_Array<long> m_LineOffsets;
+};
+
+/// Takes recorded lines.
+class KEL_MCR_API MacroOutput : public tRefCounted<iRefCounted> {
+public:
+    MacroOutput() = default;
+    ~MacroOutput() override;
+
+    virtual void Reset();
+    /// Writes one piece of text; 0 if that failed.
+    virtual int Record(char const* text) = 0;
+
+protected:
+    long m_WriteOffset = 0;
+};
+
+/// Recorded lines in a file.
+class KEL_MCR_API MacroOutputFile : public MacroOutput {
+public:
+    /// Opens the file for writing; null makes an output without one.
+    explicit MacroOutputFile(char const* name);
+    ~MacroOutputFile() override;
+
+    int Record(char const* text) override;
+
+private:
+    SFM_File m_File;
+};

@@ -1,0 +1,338 @@
+#include "UI_Macro.h"
+
+#include <Platform.h>
+#include <SCL_Assert.h>
+#include <SCL_Path.h>
+#include <SFM_FilePath.h>
+#include <SYS_Exception.h>
+#include <SYS_Resources.h>
+#include <UI_MacroImpl.h>
+
+#include "engine/ErrorTexts.h"
+#include "engine/Frames.h"
+
+namespace {
+
+constexpr int kNoTemporaryFile = 45136;
+
+int s_Started = 0;
+
+} // namespace
+
+void MacroEngineDllInitialize() {
+    if (s_Started++ == 0)
+        RegisterMacroErrorTexts();
+}
+
+void MacroEngineDllTerminate() {
+    SCL_ASSERT(s_Started > 0, "MacroEngineDllTerminate: the engine was not started");
+    if (s_Started > 0)
+        --s_Started;
+}
+
+// --- UI_MacroImpl ------------------------------------------------------------------------------
+
+int UI_MacroImpl::InRecordMode() const {
+    MacroSupport* parent = GetParentProcessor();
+    return parent && parent != this ? parent->InRecordMode() : MacroParser::InRecordMode();
+}
+
+int UI_MacroImpl::InPlaybackMode() const {
+    MacroSupport* parent = GetParentProcessor();
+    return parent && parent != this ? parent->InPlaybackMode() : MacroParser::InPlaybackMode();
+}
+
+UI_MacroVariant UI_MacroImpl::ExecuteMacro(const SYS_String& file, const SYS_String& function,
+                                           UI_MacroVariant* args, int argc) {
+    SYS_String path = file;
+    MacroSupport* parent = GetParentProcessor();
+    if (!file.IsEmpty() && parent && parent->GetSource() && SCL::cPathProcessor::is_relative(file)) {
+        const SYS_String parentFile = parent->GetSource()->GetFileName();
+        if (!parentFile.IsEmpty()) {
+            SFM_FilePath resolved(parentFile);
+            resolved.SetFileNameExt(file);
+            path = SYS_String(resolved);
+        }
+    }
+    return MacroParser::ExecuteMacro(path, function, args, argc);
+}
+
+// --- Construction ------------------------------------------------------------------------------
+
+UI_Macro::UI_Macro(bool nested) : m_Nested(nested) {}
+
+UI_Macro::UI_Macro(UI_Macro const& other) : m_Nested(other.m_Nested) {}
+
+UI_Macro& UI_Macro::operator=(UI_Macro const& other) {
+    m_Nested = other.m_Nested;
+    return *this;
+}
+
+UI_Macro::~UI_Macro() {
+    if (!m_Impl)
+        return;
+    const bool running = m_Impl->GetRunDepth() > 0;
+    SCL_ASSERT(!running, "UI_Macro: destroyed while its macro runs");
+    if (!running) {
+        delete m_Impl;
+        return;
+    }
+    m_Impl->m_Abandoned = true; // deleted by the outermost run
+    m_Impl->RequestStop();
+}
+
+UI_MacroImpl& UI_Macro::impl() {
+    if (!m_Impl)
+        m_Impl = new UI_MacroImpl(m_Nested);
+    return *m_Impl;
+}
+
+// --- Running -----------------------------------------------------------------------------------
+
+namespace {
+
+/// What the parent goes on with after a run inside it.
+void handModeBack(MacroSupport& parent, MacroSupport::ExecutionMode earlier,
+                  MacroSupport::ExecutionMode mode) {
+    if (parent.GetExecutionMode() == MacroSupport::emStopped)
+        return;
+    switch (mode) {
+    case MacroSupport::emRun:
+        parent.SetExecutionMode(earlier == MacroSupport::emStopped ||
+                                        earlier == MacroSupport::emStepOver
+                                    ? earlier
+                                    : MacroSupport::emRun);
+        break;
+    case MacroSupport::emStopped:
+        parent.SetExecutionMode(MacroSupport::emStopped);
+        break;
+    case MacroSupport::emStepOut:
+    case MacroSupport::emStepOver:
+        parent.SetExecutionMode(MacroSupport::emStepOver);
+        break;
+    case MacroSupport::emPaused:
+    case MacroSupport::emStepInto:
+    case MacroSupport::emFinished:
+    case MacroSupport::emEval:
+    case MacroSupport::emEvalPure:
+        break;
+    }
+}
+
+} // namespace
+
+UI_MacroVariant UI_Macro::run(SYS_String const& file, SYS_String const& function,
+                              UI_MacroVariant* args, int argCount) {
+    UI_MacroImpl* engine = &impl();
+    SCL_ASSERT(engine == MacroSupport::GetProcessor(),
+               "UI_Macro: this engine is not the current processor");
+    UI_MacroVariant result;
+    if (engine != MacroSupport::GetProcessor())
+        return result;
+    if (engine->GetRunDepth() > 0)
+        engine->OnError(errIllegalNesting, SYS_String());
+
+    MacroSupport* parent = engine->GetParentProcessor();
+    const auto earlier = parent ? parent->GetExecutionMode() : MacroSupport::emRun;
+    if (parent && earlier == MacroSupport::emStepInto)
+        engine->SetExecutionMode(function.IsEmpty() ? MacroSupport::emStepOver
+                                                    : MacroSupport::emStepInto);
+    else
+        engine->SetExecutionMode(MacroSupport::emRun);
+
+    struct Orphan {
+        UI_MacroImpl* engine;
+        ~Orphan() {
+            if (engine->m_Abandoned)
+                delete engine;
+        }
+    } orphan{engine};
+    try {
+        result = engine->ExecuteMacro(file, function, args, argCount);
+    } catch (const MacroStopException&) {
+        SCL_ASSERT(engine->GetExecutionMode() == MacroSupport::emStopped,
+                   "Unexpected Macro execution mode. Ivar Solde");
+        result.Clear();
+    }
+    if (parent)
+        handModeBack(*parent, earlier, engine->GetExecutionMode());
+    return result;
+}
+
+UI_MacroVariant UI_Macro::ExecuteMacro(SYS_String const& file, SYS_String const& function,
+                                       UI_MacroVariant* args, int argCount) {
+    return run(file, function, args, argCount);
+}
+
+UI_MacroVariant UI_Macro::Execute(MacroSource* source, SYS_String const& function,
+                                  UI_MacroVariant* args, int argCount) {
+    SCL_Pointer<MacroSource> keep(source);
+    UI_MacroImpl& engine = impl();
+    if (engine.GetRunDepth() > 0)
+        engine.OnError(errIllegalNesting, SYS_String());
+    engine.SetSource(source);
+    return run(SYS_String(), function, args, argCount);
+}
+
+void UI_Macro::OpenMacroFile(SYS_String const& path) {
+    UI_MacroImpl& engine = impl();
+    SCL_ASSERT(&engine == MacroSupport::GetProcessor(),
+               "UI_Macro: this engine is not the current processor");
+    if (engine.GetRunDepth() > 0)
+        engine.OnError(errIllegalNesting, SYS_String());
+    engine.SetSource(new MacroSourceFile(path));
+}
+
+UI_MacroVariant UI_Macro::ExecuteMacroString(SYS_String const& text) {
+    UI_MacroImpl& engine = impl();
+    if (engine.GetRunDepth() > 0)
+        engine.OnError(errIllegalNesting, SYS_String());
+    const SYS_String directory = GetPlatform().TempDirectory();
+    SYS_String name;
+    bool written = false;
+    SYS_String path;
+    if (GetPlatform().CreateTempFile(directory, "", ".tmp", name) == PlatformStatus::Ok) {
+        path = SCL::PathAppend(directory, name);
+        SFM_File file(path);
+        written = file.Open("w") && file.WriteLine(text);
+        written = file.Close() && written;
+    }
+    if (!written)
+        throw SYS_Exception("%s", TR(kNoTemporaryFile).c_str());
+    UI_MacroVariant result = run(path, SYS_String(), nullptr, 0);
+    SFM_File(path).Delete();
+    return result;
+}
+
+void UI_Macro::Stop() {
+    SCL_ASSERT(m_Impl, "UI_Macro::Stop: nothing has been started");
+    if (m_Impl)
+        m_Impl->RequestStop();
+}
+
+// --- Objects, recording ------------------------------------------------------------------------
+
+void UI_Macro::Register(MacroEval& object, char const* name) { impl().Register(object, name); }
+
+void UI_Macro::Remove(MacroEval& object) { impl().Remove(object, nullptr); }
+
+int UI_Macro::EnableAutomation(char const* name, IDispatch* object) {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->EnableAutomation(name, object) : 0;
+}
+
+void UI_Macro::StartRecording(MacroOutput* output) {
+    SCL_Pointer<MacroOutput> keep(output);
+    UI_MacroImpl& engine = impl();
+    if (engine.GetRunDepth() == 0)
+        engine.Reset();
+    engine.BeginRecording(output);
+}
+
+void UI_Macro::StopRecording() {
+    if (!m_Impl)
+        return;
+    if (m_Impl->GetRunDepth() == 0)
+        m_Impl->Reset();
+    m_Impl->SetOutput(nullptr);
+}
+
+// --- The current processor ---------------------------------------------------------------------
+
+int UI_Macro::GetReturnValue() {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->GetReturnValue() : 0;
+}
+
+void UI_Macro::RequestExit(int code) {
+    if (MacroSupport* processor = MacroSupport::GetProcessor())
+        processor->RequestExit(code);
+}
+
+int UI_Macro::InRecordMode() {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->InRecordMode() : 0;
+}
+
+int UI_Macro::InPlaybackMode() {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->InPlaybackMode() : 0;
+}
+
+int UI_Macro::GetCompressID() {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->GetCompressID() : 0;
+}
+
+int UI_Macro::GetRelativeMode() {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->GetRelativeMode() : 0;
+}
+
+UI_Macro::PlaybackResultCode UI_Macro::ContinuePlayback(char const* name) {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    if (!processor)
+        return pbFailed;
+    const auto mode = processor->GetExecutionMode();
+    if (mode == MacroSupport::emStopped || mode == MacroSupport::emPaused ||
+        mode >= MacroSupport::emFinished)
+        return pbNotHandled;
+    return processor->PlayBack(1, nullptr, name);
+}
+
+void UI_Macro::OnError(SYS_String const& message) {
+    if (MacroSupport* processor = MacroSupport::GetProcessor())
+        processor->OnError(message);
+}
+
+SCC_Array<SYS_String> UI_Macro::GetFunctionNames() {
+    UI_MacroImpl& engine = impl();
+    SCL_ASSERT(&engine == MacroSupport::GetProcessor(), "UI_Macro");
+    engine.RefreshFunctionTable();
+    SCC_Array<SYS_String> names;
+    for (const auto& entry : engine.GetProcedures())
+        names.Append(entry.value.GetName());
+    if (names.IsEmpty())
+        names.Append(SYS_String());
+    return names;
+}
+
+SCC_Array<SYS_String> UI_Macro::GetFunctionDescriptions() {
+    UI_MacroImpl& engine = impl();
+    SCL_ASSERT(&engine == MacroSupport::GetProcessor(), "UI_Macro");
+    SCC_Array<SYS_String> descriptions;
+    for (const auto& entry : engine.GetProcedures())
+        descriptions.Append(entry.value.GetDescription());
+    return descriptions;
+}
+
+// --- Frames ------------------------------------------------------------------------------------
+
+int UI_Macro::GetFramesCount() {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->GetFramesCount() : 0;
+}
+
+namespace {
+
+const ExecutionContext* frameOf(int frame) {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->GetContext(frame) : nullptr;
+}
+
+} // namespace
+
+SYS_String UI_Macro::GetContext(int frame) {
+    const ExecutionContext* context = frameOf(frame);
+    return context ? context->m_Name : SYS_String();
+}
+
+int UI_Macro::GetPosition(int frame) {
+    const ExecutionContext* context = frameOf(frame);
+    return context ? static_cast<int>(context->m_Position) : 0;
+}
+
+MacroSource* UI_Macro::GetSource(int frame) {
+    const ExecutionContext* context = frameOf(frame);
+    return context ? context->m_Source.Get() : nullptr;
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+// The door of the engine: what a host holds. Most operations forward to the current processor.
+//
+//     MacroEngineDllInitialize();
+//     {
+//         UI_Macro macro(true);
+//         macro.ExecuteMacro("drawing.mcr", "", nullptr, 0);
+//     }
+//     MacroEngineDllTerminate();
+
+#include <UI_MacroProcessor.h>
+#include <UI_MacroVariant.h>
+
+/// Starts and ends the engine. Calls may be nested; each start needs its end.
+KEL_MCR_API void MacroEngineDllInitialize();
+KEL_MCR_API void MacroEngineDllTerminate();
+
+class UI_MacroImpl;
+
+class KEL_MCR_API UI_Macro {
+public:
+    using PlaybackResultCode = MacroPlaybackResult;
+    using enum MacroPlaybackResult;
+
+    /// `nested` true makes the engine of this object the current one as soon as it is made.
+    explicit UI_Macro(bool nested);
+    /// A copy takes the flag and no engine.
+    UI_Macro(UI_Macro const& other);
+    UI_Macro& operator=(UI_Macro const& other);
+    /// On a running macro: asserts, then stops it.
+    virtual ~UI_Macro();
+
+    /// Makes an object visible to macros under a name. Owner: the caller keeps the object.
+    void Register(MacroEval& object, char const* name);
+    void Remove(MacroEval& object);
+
+    /// Makes a file the source without parsing it.
+    void OpenMacroFile(SYS_String const& path);
+    /// Runs a macro file, or one procedure of it with arguments. Gives the value of the
+    /// procedure, else Empty. Raises: any. Re-enters: host objects.
+    UI_MacroVariant ExecuteMacro(SYS_String const& file, SYS_String const& function,
+                                 UI_MacroVariant* args, int argCount);
+    UI_MacroVariant Execute(MacroSource* source, SYS_String const& function, UI_MacroVariant* args,
+                            int argCount);
+    UI_MacroVariant ExecuteMacroString(SYS_String const& text);
+    void Stop();
+
+    static int GetReturnValue();
+    static void RequestExit(int code);
+    /// Runs the dialog block of that object, from inside the host's modal dialog.
+    static PlaybackResultCode ContinuePlayback(char const* name);
+    static int InRecordMode();
+    static int InPlaybackMode();
+    static int GetCompressID();
+    static int GetRelativeMode();
+    void StartRecording(MacroOutput* output);
+    void StopRecording();
+    static int EnableAutomation(char const* name, IDispatch* object);
+    /// Raises: MacroException with that text; nothing without a processor.
+    static void OnError(SYS_String const& message);
+
+    /// The names of the macro's procedures; one empty string if there are none.
+    SCC_Array<SYS_String> GetFunctionNames();
+    SCC_Array<SYS_String> GetFunctionDescriptions();
+
+    // Frames of the current processor and its parents; 0 is the innermost.
+    int GetFramesCount();
+    SYS_String GetContext(int frame);
+    int GetPosition(int frame);
+    MacroSource* GetSource(int frame);
+
+private:
+    UI_MacroImpl& impl();
+    UI_MacroVariant run(SYS_String const& file, SYS_String const& function, UI_MacroVariant* args,
+                        int argCount);
+
+    bool m_Nested;
+    UI_MacroImpl* m_Impl = nullptr;
+};

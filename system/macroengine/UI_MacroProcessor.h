@@ -1,0 +1,393 @@
+#pragma once
+
+// The processor: all that a running macro has. `MacroSupport` holds the state and the services,
+// `MacroParser` parses and runs. The processor is itself the root object of the names.
+
+#include <MacroException.h>
+#include <MacroSource.h>
+#include <SCC_Event.h>
+#include <SCC_Map.h>
+#include <SCC_SafePointer.h>
+#include <SCL_Vector.h>
+#include <UI_MacroEval.h>
+#include <UI_ParserTree.h>
+#include <safeflag.h>
+#include <sccstack.h>
+
+#include <functional>
+#include <memory>
+
+class FrameStack;
+class MacroScanner;
+class TreeBuilder;
+class UI_MacroErr;
+class UI_MacroWScript;
+struct ContextBlock;
+struct ITypeLib;
+
+/// What `PlayBack` and `ContinuePlayback` came to.
+enum MacroPlaybackResult {
+    pbNotHandled = 0, ///< no waiting block matched, or the dialog object vanished
+    pbFinished = 1,   ///< a run came to its end
+    pbFailed = 2,     ///< nothing to run, no processor, or the block's context is broken
+    pbBlockDone = 3   ///< the block ran to its end
+};
+
+/// Services that a host may put in the place of the engine's own. Process-wide; a null member
+/// keeps the default. Called on the thread that runs the macro.
+struct MacroHostHooks {
+    std::function<int(const SYS_String& text, int flags, const SYS_String& title)> messageBox;
+    std::function<void()> doEvents;
+    /// Each turn of a paused run; without it the engine sleeps a millisecond.
+    std::function<void()> idle;
+    /// Before each statement (zero-based line), and every 1024th step of an evaluation. May call
+    /// `Stop()`, change the mode, or throw `MacroStopException`.
+    std::function<void(long line)> statement;
+    /// Fills in a locale value; false takes the default.
+    std::function<bool(int id, SYS_String& value)> locale;
+    std::function<SYS_String(const char* name)> defaultPath;
+    std::function<SYS_String()> applicationName;
+    std::function<void(const char* text)> debugOutput;
+    std::function<ITypeLib*()> typeLib;
+};
+
+/// Bounds on what a macro may use. Beyond them a macro ends with "out of memory".
+struct MacroLimits {
+    int stringBytes = 0x3FFFFFFF;  ///< of one string
+    int arrayElements = 16777216;  ///< of one array, over all its levels
+    int frames = 500000;           ///< open procedure calls
+    int nestedRuns = 200;          ///< runs inside runs, which use the native stack
+};
+
+/// What `Option` statements set.
+struct MacroOptions {
+    int explicitDeclarations = 0;
+};
+
+/// A `Sub` or `Function` that the current macro declares.
+class KEL_MCR_API FunctionTableItem {
+public:
+    using Declaration = ParserTree::NodeImpl<ParserTree::Function, false>;
+
+    FunctionTableItem() = default;
+    explicit FunctionTableItem(Declaration* declaration) : m_Declaration(declaration) {}
+
+    SYS_String GetName() const;
+    SYS_String GetDescription() const;
+    /// False while the procedure is declared but its body has not been parsed.
+    bool HasBody() const;
+    Declaration* GetDeclaration() const { return m_Declaration; }
+
+private:
+    Declaration* m_Declaration = nullptr;
+};
+
+class KEL_MCR_API MacroSupport : public MacroEval {
+public:
+    enum ExecutionMode {
+        emRun = 0,
+        emStopped = 1,
+        emPaused = 2,
+        emStepInto = 3,
+        emStepOut = 4,
+        emStepOver = 5,
+        emFinished = 6,
+        emEval = 7,
+        emEvalPure = 8
+    };
+
+    /// A keyword and its token number.
+    struct TokenNode {
+        const char* text;
+        int token;
+    };
+    /// A built-in function and its handler.
+    struct FuncNode {
+        const char* name;
+        MacroFunctionHandler handler;
+    };
+
+    /// `nested` makes this the current processor, with the previous one as its parent.
+    explicit MacroSupport(bool nested);
+    MacroSupport(const MacroSupport&) = delete;
+    MacroSupport& operator=(const MacroSupport&) = delete;
+    ~MacroSupport() override;
+
+    using MacroEval::operator=;
+
+    // The current processor.
+    static MacroSupport* GetProcessor() { return s_Processor; }
+    static void SetProcessor(MacroSupport* processor);
+    static MacroSupport* s_Processor;
+    static bool s_bWaiting; ///< a flag for the host; the engine does not use it
+
+    static void SetHostHooks(const MacroHostHooks& hooks);
+    static const MacroHostHooks& GetHostHooks();
+    static void SetLimits(const MacroLimits& limits);
+    static const MacroLimits& GetLimits();
+
+    static const TokenNode s_Tokens[];
+    static int GetTokensCount();
+    static const FuncNode s_Functions[];
+
+    // Names. The processor is the root: a name is looked up among objects, built-in functions,
+    // type library constants, procedures and variables, in this order.
+    UI_MacroVariant Evaluate(const char* name, UI_MacroVariant* args, int argc) override;
+    UI_MacroVariant evaluate(const char* name, UI_MacroVariant* args, int argc, bool isCall);
+    UI_MacroVariant evaluate(const MacroName* name, const SYS_String& spelling,
+                             UI_MacroVariant* args, int argc, bool isCall);
+    UI_MacroVariant evaluateDeref(const UI_MacroVariant& value, const SYS_String& name,
+                                  UI_MacroVariant* args, int argc, bool isCall);
+    /// A variable of the top frame, or null. Owner: the frame.
+    UI_MacroVariant* LookupVar(const SYS_StrNoCase& name);
+    /// The variable of the top frame, made if missing; null without a frame.
+    UI_MacroVariant* RegisterVar(const SYS_StrNoCase& name);
+    bool RemoveVar(const SYS_StrNoCase& name);
+    /// A variable as an expression sees it: top frame, bottom frame, else made in the top frame.
+    UI_MacroVariant* getExecutionStackVar(const SYS_StrNoCase& name);
+    UI_MacroVariantParam* getExecutionStackVar(const MacroName* name, const SYS_String& spelling,
+                                               unsigned& place);
+    /// Raises the error of an undeclared name; false if it may be made.
+    bool checkExplicit(const char* name);
+    const SYS_String& getDicStr(const SYS_String& text);
+    MacroOptions& getOptions() { return m_Options; }
+
+    // Sources, outputs, modes.
+    void Reset();
+    void SetSource(MacroSource* source);
+    MacroSource* GetSource() const { return m_Source; }
+    MacroOutput* GetOutput() const { return m_Output; }
+    void SetOutput(MacroOutput* output);
+    /// The same, with nothing held back from an earlier recording.
+    void BeginRecording(MacroOutput* output);
+    ExecutionMode GetExecutionMode() const { return m_ExecutionMode; }
+    void SetExecutionMode(ExecutionMode mode);
+    virtual bool IsExecuting() const;
+    virtual int InPlaybackMode() const;
+    virtual int InRecordMode() const;
+    int GetReturnValue() const { return m_ReturnCode; }
+    void RequestExit(int code);
+    int GetParsePosition() const;
+    long GetCurrentLine() const;
+
+    // Work.
+    /// Runs a file (empty: the source in use), or one procedure of it. Raises: any.
+    virtual UI_MacroVariant ExecuteMacro(const SYS_String& file, const SYS_String& function,
+                                         UI_MacroVariant* args, int argc);
+    virtual MacroPlaybackResult PlayBack(int resume, MacroSource* source, char const* name);
+    virtual MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) = 0;
+    virtual UI_MacroVariant Call(const SYS_String& function, UI_MacroVariant* args, int argc) = 0;
+    virtual bool Parse() = 0;
+    /// Parses the source unless a tree is there already.
+    void RefreshFunctionTable();
+    /// Turns a registered or built-in name into an automation object, which is not counted; 0 if
+    /// the name is unknown.
+    int EnableAutomation(const char* name, IDispatch* object);
+    /// Applies a name and its argument lists to a value, one list after the other.
+    UI_MacroVariant EvalArgListList(UI_MacroVariant* target, const char* name,
+                                    const UI_MacroArray& lists);
+
+    // Errors. Both always throw MacroException.
+    virtual UI_MacroVariant OnError(MacroERR_Code code, const SYS_String& param);
+    virtual UI_MacroVariant OnError(const SYS_String& message);
+    int GetLastErrorCode() const { return m_LastErrorCode; }
+    long GetLastErrorLine() const { return m_LastErrorLine; }
+    const SYS_String& GetLastErrorText() const { return m_LastErrorText; }
+
+    // Frames. 0 is the innermost; the numbers run on through the parents.
+    int GetFramesCount() const;
+    ExecutionContext* GetContext(int frame) const;
+    FrameStack& GetFrames() const { return *m_ContextStack; }
+    MacroSupport* GetParentProcessor() const { return m_Parent; }
+
+    // Recording.
+    static void Record(char const* text, int id, int unused);
+    using MacroEval::Record;
+    int GetCompressID() { return ++m_CompressID; }
+    void SetCompressionMode(bool on) { m_CompressionMode = on; }
+    bool GetCompressionMode() const { return m_CompressionMode; }
+    void SetRelativeMode(bool on) { m_RelativeMode = on; }
+    bool GetRelativeMode() const { return m_RelativeMode; }
+    void PushModalContext(char const* name);
+    void PopModalContext();
+    SYS_String GetModalContext() const;
+    SYS_String GetModalContextIndent() const;
+    int GetModalContextLevel() const;
+
+    // Services for the nodes of the tree.
+    bool With(const UI_MacroVariant& object, ParserTree::Node* with, bool isDialog);
+    bool WithEnd();
+    int BreakLoop(int kind);
+    int PopContextUpToPosition(int position);
+    void OnErase(UI_MacroVariant& value);
+
+    /// The cell of a node for the top frame, made if it has none; null without a frame.
+    ParserTree::Cell* getResultVal(ParserTree::Node* node);
+    /// The cell if there is one.
+    ParserTree::Cell* findResult(ParserTree::Node* node) const;
+    void releaseResult(ParserTree::Node* node);
+
+    /// A number that changes whenever a name may have got another meaning.
+    unsigned GetNamesState() const;
+    /// Whether a name can only be a variable in that state.
+    bool IsPlainVariable(const MacroName* name) const;
+    SCC_Map<SYS_StrNoCase, FunctionTableItem>& GetProcedures() { return m_Functions; }
+    ParserTree::NodeImpl<ParserTree::Function, false>* GetCurrentFunction() const {
+        return m_CurrentFunction;
+    }
+    bool IsParsing() const { return m_Parsing; }
+    MacroScanner& GetScanner() { return *m_Scanner; }
+    bool IsInEvaluation() const {
+        return m_ExecutionMode == emEval || m_ExecutionMode == emEvalPure;
+    }
+    ParserTree::Step& Current() { return m_Current; }
+    int GetRunDepth() const { return m_PlaybackDepth; }
+
+protected:
+    friend class MacroParser;
+    friend class TreeBuilder;
+    friend class ParserTree;
+    friend class RunGuard;
+    friend class UI_Macro;
+
+    static SCC_SharedPointer<Map> InitFunctionsMap();
+    static Map* functionsMap();
+
+    void OnRecord(int id, char const* text);
+    [[noreturn]] void raise(MacroException& error, int code, long line);
+    long errorLine() const;
+    void ClearLastError();
+    void pushBottomFrame();
+    static bool s_HasStatementHook;
+    static SCC_Event<char const*>& RecordEvent();
+    UI_MacroVariant* lookUpEntry(const MacroName* name) const;
+    UI_MacroVariantParam* findVariable(const MacroName* name) const;
+    const FunctionTableItem* procedureOf(const MacroName* name, bool isApplied,
+                                         const UI_MacroVariant* variable);
+    virtual bool hasUnits() const = 0;
+    virtual void endCall(bool failed) = 0;
+
+    std::unique_ptr<UI_MacroWScript> m_WScript;
+    std::unique_ptr<UI_MacroErr> m_Err;
+
+    // Per parse.
+    std::unique_ptr<MacroScanner> m_Scanner;
+    MacroOptions m_Options;
+    bool m_Parsing = false;
+    SCC_Map<SYS_StrNoCase, FunctionTableItem> m_Functions;
+    SCL_Pointer<MacroSource> m_Source;
+
+    // Per run.
+    ExecutionMode m_ExecutionMode = emStopped;
+    cSafeCounter m_PlaybackDepth;
+    std::unique_ptr<FrameStack> m_ContextStack;
+    ParserTree::Step m_Current;
+    ParserTree::NodeImpl<ParserTree::Function, false>* m_CurrentFunction = nullptr;
+    MacroPlaybackResult m_ResultCode = pbNotHandled;
+    int m_ReturnCode = 0;
+
+    // Recording.
+    SCC_ObjectEventHook<MacroSupport, char const*> m_RecordHook;
+    SCL_Pointer<MacroOutput> m_Output;
+    SCC_Stack<SYS_String> m_ModalContexts;
+    SYS_String m_LastRecorded;
+    int m_LastCompressID = 0;
+    int m_CompressID = 1;
+    bool m_CompressionMode = false;
+    bool m_RelativeMode = false;
+
+    // Errors.
+    int m_CheckMode = 0;
+    int m_LastErrorCode = 1;
+    long m_LastErrorLine = 0;
+    SYS_String m_LastErrorText;
+
+    bool m_Nested;
+    SCC_SafePointer<MacroSupport> m_Parent;
+};
+
+class KEL_MCR_API MacroParser : public MacroSupport {
+public:
+    explicit MacroParser(bool nested);
+    ~MacroParser() override;
+
+    using MacroSupport::operator=;
+
+    MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) override;
+    UI_MacroVariant Call(const SYS_String& function, UI_MacroVariant* args, int argc) override;
+    /// Parses the source into the tree; false if a block stayed open. Raises: any parse error.
+    bool Parse() override;
+
+    /// One changed line of a paused macro: 0 inserted, 1 deleted, 2 changed.
+    struct LineChange {
+        int kind;
+        int line;
+    };
+
+    virtual int NextToken();
+    virtual void OnSyntaxError(int line);
+
+    ParserTree& GetTree() const { return *m_Tree; }
+    TreeBuilder& GetBuilder() { return *m_Builder; }
+
+    /// Raises 25 for a name that may not be declared here; true if it may.
+    bool CheckName(const SYS_String& name);
+    /// Records a declaration; a module variable exists from now on.
+    void Declare(const SYS_String& name, bool isConstant);
+
+    // Calls, for the nodes of the tree.
+    ParserTree::Step EnterProcedure(ParserTree::Node& call, ParserTree::Cell& target);
+    ParserTree::Step LeaveProcedure(ParserTree::Function& function);
+    /// Makes the unit of a node, its source and its options current.
+    void SwitchUnit(ParserTree::ScriptUnit* unit);
+    /// Drops the procedures that a unit declares.
+    void ForgetProceduresOf(ParserTree::ScriptUnit* unit);
+    /// Parses a unit's source into its root; false if a block stayed open.
+    bool ParseAll();
+
+    /// Runs until there is nothing left to run. Raises: any.
+    void ExecutionStep();
+    /// Ends the run in progress; the reset follows when its outermost entry has returned.
+    void RequestStop();
+
+protected:
+    friend class ParserTree;
+    friend class RunGuard;
+    friend class UI_Macro;
+
+    /// Parses the next text of the source, and all further lines of one that gives lines; false
+    /// if there is none. Keeps the scanner's line counter.
+    bool ParseLine(SYS_String& text);
+    [[noreturn]] void refuseSource();
+    /// Parses this text into the open block; if it continues, more lines come from the source.
+    void ParseText(SYS_String& text, bool continues);
+    int prefixToken();
+    void noteOpenBlock();
+    MacroPlaybackResult Finish();
+    MacroPlaybackResult ResumeWith(char const* name);
+    UI_MacroVariant* findDialog(char const* name);
+    MacroPlaybackResult runDialogBlock(ParserTree::NodeImpl<ParserTree::With, true>& with,
+                                       ParserTree::Step start);
+    bool stopOnError(MacroException& error);
+    bool CheckBreak(const ParserTree::Step& step);
+    bool takeStep(ParserTree::Step& step, ExecutionMode mode);
+    void runInMode();
+    void RunToBreak();
+    void RunFast();
+    // The loops that step tell whether they ended by their own rule.
+    bool RunStepInto();
+    bool RunStepOver();
+    bool RunStepOut();
+    void pausedTurn();
+    void finishStop();
+    bool hasUnits() const override;
+    void endCall(bool failed) override;
+    void bindArguments(ParserTree::Function& function, ExecutionContext& frame,
+                       UI_MacroVariant& call);
+
+    SCL_Pointer<ParserTree> m_Tree;
+    std::unique_ptr<TreeBuilder> m_Builder;
+    ParserTree::Node* m_PausedAt = nullptr; // the step at which the last pause happened
+    ExecutionMode m_LastExecuting = emRun;
+    bool m_StopPending = false;
+};

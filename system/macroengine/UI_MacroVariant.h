@@ -1,0 +1,454 @@
+#pragma once
+
+// The value of the macro language, and the base class of every object that macros can see.
+//
+// One class covers variables, temporaries, arguments and results. What a value holds is told by
+// its kind (`VariantValueType`); fields that belong to another kind may be stale and mean nothing.
+// Rarely used parts (array elements, stored arguments, a counted object) are made on demand, so
+// that a value stays at 64 bytes and building or destroying a plain one touches no other memory.
+
+#include <SCC_Array.h>
+#include <SCC_SafePointer.h>
+#include <SCL_Types.h>
+#include <SYS_String.h>
+
+#include <cstddef>
+
+struct IDispatch;
+struct IUnknown;
+struct tagVARIANT;
+class COleVariant;
+struct _GUID;
+class UI_MacroVariant;
+class UI_MacroVariantParam;
+class cMacroAppClass;
+
+namespace kel_ns {
+class SCC_Variant;
+}
+namespace ScriptDebugger {
+class iApplicationClass;
+}
+
+using namespace kel_ns;
+
+/// The kind of a value. The order of the numbers decides which operand's kind an operator follows.
+enum VariantValueType : unsigned char {
+    vvtEmpty = 1,
+    vvtObject = 2,
+    vvtFunction = 3,
+    vvtString = 4,
+    vvtInteger = 5,
+    vvtDouble = 6,
+    vvtBoolean = 7,
+    vvtReference = 8,
+    vvtArray = 9,
+    vvtMissing = 10,
+    vvtHandle = 11,
+    vvtScript = 12,
+    vvtUnknown = 13
+};
+
+/// How an array came into a value; it decides what may be assigned to the value later.
+enum VariantArrayType : int { ArrayUnset = 0, ArrayValue = 1, ArrayDynamic = 2, ArrayFixed = 3 };
+
+/// Which default member an object may yield: any, a property only, or a method only.
+enum EDerefFlag { derefAny = 0, derefPropertyGet = 1, derefMethod = 2 };
+
+/// A built-in function: argument count and that many consecutive arguments (null when 0).
+using MacroFunctionHandler = UI_MacroVariant (*)(int argc, UI_MacroVariant* argv);
+
+/// One dimension of a declaration; both bounds belong to the array.
+struct _ArraySubscript {
+    int lower = 0;
+    int upper = 0;
+};
+
+/// A name with the bounds that a `ReDim` gives it. The subscripts are borrowed.
+struct _ArrayDecl {
+    SYS_String name;
+    SCC_Array<_ArraySubscript>* subscripts = nullptr;
+};
+
+/// Elements with a lower bound. Copies share one buffer until one of them is written to.
+class UI_MacroArray : public SCC_Array<UI_MacroVariant> {
+public:
+    UI_MacroArray() = default;
+    /// Elements lower..upper, all Empty; no elements if upper is below lower.
+    KEL_MCR_API UI_MacroArray(int lower, int upper);
+    UI_MacroArray(const UI_MacroArray&) = default;
+    UI_MacroArray(UI_MacroArray&& other) noexcept;
+    UI_MacroArray& operator=(const UI_MacroArray&) = default;
+    UI_MacroArray& operator=(UI_MacroArray&& other) noexcept;
+
+    int GetLowerBound() const { return m_LowerBound; }
+    void SetLowerBound(int lower) { m_LowerBound = lower; }
+    /// The last index: -1 for an empty array with lower bound 0.
+    KEL_MCR_API int GetUpperBound() const;
+    KEL_MCR_API int InBounds(int index) const;
+    /// Resizes to n elements; 0 or less changes nothing.
+    KEL_MCR_API void ChangeCount(int n);
+    KEL_MCR_API void ChangeBounds(int lower, int upper);
+    KEL_MCR_API void Clear();
+    /// The writable element of an index in bounds terms. Separates a shared buffer and extends
+    /// the array for a high index; below the lower bound it asserts and gives a scratch element.
+    KEL_MCR_API UI_MacroVariant& operator[](int index) const;
+    /// Adds a copy at the end.
+    KEL_MCR_API void Append(const UI_MacroVariant& value);
+    /// Element 0 for reading, null when empty.
+    const UI_MacroVariant* GetData() const { return Data(); }
+    /// Not for use: asserts.
+    KEL_MCR_API void CheckArray(int index) const;
+
+private:
+    int m_LowerBound = 0;
+};
+
+class KEL_MCR_API UI_MacroVariant : public SCC_SafeBuffer {
+public:
+    // Construction. Implicit on purpose: hosts pass plain values where the engine wants a value.
+    UI_MacroVariant() noexcept;
+    UI_MacroVariant(int value) noexcept;
+    UI_MacroVariant(long value) noexcept;
+    UI_MacroVariant(__int64 value) noexcept;
+    UI_MacroVariant(unsigned value) noexcept;
+    UI_MacroVariant(unsigned long value) noexcept;
+    UI_MacroVariant(unsigned long long value) noexcept;
+    UI_MacroVariant(bool value) noexcept;
+    UI_MacroVariant(double value) noexcept;
+    /// A Handle.
+    UI_MacroVariant(void* handle) noexcept;
+    UI_MacroVariant(const SYS_String& text);
+    UI_MacroVariant(const char* text);
+    /// A Reference to the target; null gives Null.
+    UI_MacroVariant(UI_MacroVariant* const target);
+    /// An Object with a counted reference; null gives Nothing.
+    UI_MacroVariant(IDispatch* object);
+    /// An Unknown with a counted reference.
+    UI_MacroVariant(IUnknown* object);
+    UI_MacroVariant(const SCC_Variant& value);
+    UI_MacroVariant(MacroFunctionHandler handler) noexcept;
+    /// An array of one dimension that shares the elements.
+    UI_MacroVariant(const UI_MacroArray& array);
+    UI_MacroVariant(const UI_MacroVariant& other);
+    UI_MacroVariant(UI_MacroVariant&& other) noexcept;
+    UI_MacroVariant(std::nullptr_t) = delete;
+    ~UI_MacroVariant() override;
+
+    // Virtual operations.
+    /// The target of a Reference or the owner of a Function; null if there is none.
+    virtual UI_MacroVariant* operator->() const;
+    /// The element of an index between the bounds. Raises: 29.
+    virtual UI_MacroVariant& operator[](int index);
+    const UI_MacroVariant& operator[](int index) const;
+    /// The raw copy: a Reference stays a Reference. Raises: 31 on a fixed or dynamic array.
+    virtual UI_MacroVariant& operator=(const UI_MacroVariant& src);
+    /// The assignment of the language: copies what the source reads as. Re-enters: host objects.
+    virtual void Assign(const UI_MacroVariant& src);
+    /// The statement `Set`: binds an object. Re-enters: host objects.
+    virtual void SetObjectRef(const UI_MacroVariant& src);
+    virtual bool IsPropertyGet(const char* name);
+    /// Member access, call, or index, by kind; a null name applies the arguments to the value.
+    virtual UI_MacroVariant Evaluate(const char* name, UI_MacroVariant* args, int argc);
+    virtual const ScriptDebugger::iApplicationClass* GetMacroDescriptor() const;
+    virtual void SetConstant(bool constant);
+    virtual bool isConstant() const;
+    /// The value to write through, null for a dead target or a constant.
+    virtual UI_MacroVariant* GetLVal() const;
+    /// The value to read, null for Null.
+    virtual UI_MacroVariant* GetRVal() const;
+    /// Makes the value to read current (properties are read here). Re-enters: host objects.
+    virtual void InitRVal();
+    /// The text that debuggers show.
+    virtual SYS_String DescribeVar() const;
+
+    static cMacroAppClass* GetMacroClass() { return nullptr; }
+
+    // The three constants; writes to them do nothing.
+    static UI_MacroVariantParam& Empty();
+    static UI_MacroVariantParam& Null();
+    static UI_MacroVariantParam& Nothing();
+
+    // Accessors.
+    VariantValueType GetType() const { return m_Type; }
+    void SetType(VariantValueType type) { m_Type = type; }
+    bool IsEmpty() const { return m_Type == vvtEmpty; }
+    bool IsHandle() const { return m_Type == vvtHandle; }
+    bool IsExecScript() const { return m_Type == vvtScript; }
+    /// The raw payload, whatever the kind.
+    __int64 GetIntVal() const { return m_Payload.integer; }
+    int GetWFlags() const { return static_cast<int>(m_FlagsOrDims & 0xFFFFu); }
+    int GetDispId() const { return m_IdOrArrayType; }
+    VariantArrayType GetArrayType() const { return static_cast<VariantArrayType>(m_IdOrArrayType); }
+    int GetArrNumDims() const { return static_cast<int>(m_FlagsOrDims); }
+    UI_MacroArray& Arrval();
+    const UI_MacroArray& Arrval() const;
+    UI_MacroVariant* getRefVal() const { return m_Target; }
+    explicit operator UI_MacroVariant*() const { return m_Target; }
+    const SYS_String& GetStringVal() const;
+    const SYS_String& GetExecScriptVal() const;
+    void* GetHandle() const;
+    /// The pointer of an Object (not counted for the caller), null for other kinds.
+    IDispatch* GetDispatchVal() const;
+    IUnknown* GetUnknownVal() const;
+    MacroFunctionHandler GetFunctionHandler() const { return m_Payload.handler; }
+    /// The name of a Function value.
+    const SYS_String& GetFunctionName() const { return m_Text; }
+
+    void SetIntVal(__int64 value);
+    void SetBoolVal(bool value);
+    void SetRealVal(double value);
+    void SetStringVal(const SYS_String& text);
+    void SetExecScriptVal(const SYS_String& text);
+    void SetHandleVal(void* handle);
+    void SetFunctionRefVal(const SYS_String& name, UI_MacroVariant* owner);
+    void SetLValueVal(UI_MacroVariant* const target);
+    /// `addRef` false leaves the object uncounted: the host keeps it alive.
+    void SetObjectVal(IDispatch* object, bool addRef);
+    void attachDispatchVal(IDispatch* object, bool addRef);
+    void SetUnknownObjectVal(IUnknown* object);
+    void SetVariantVal(const SCC_Variant& value);
+    /// Turns a pending call into a property read; false unless this is an Object.
+    bool SetToPropertyGet();
+    /// Back to Empty; releases everything.
+    void Clear();
+
+    /// Follows References to the first other kind; null when a target is null.
+    UI_MacroVariant* getBody() const;
+    /// The body if it is an object, else null.
+    UI_MacroVariant* getObject(bool allowUnknown) const;
+    /// The value of a default member, or `source` itself. Called on a temporary that holds it.
+    const UI_MacroVariant& derefObject(const UI_MacroVariant& source);
+    const UI_MacroVariant& derefThis();
+    bool evaluateDereference(UI_MacroVariant* args, int argc, UI_MacroVariant& out,
+                             EDerefFlag flag);
+    /// Same object: one `MacroEval`, or one automation identity. Nothing equals Nothing.
+    bool IsObjectSame(UI_MacroVariant& other);
+
+    // Arrays.
+    int GetArraySize(int dim) const;
+    int GetArrayLowerBound(int dim) const;
+    int GetArrayUpperBound(int dim) const;
+    void resetMultiArrayInx(long* inx);
+    /// The element at `inx`, which then moves on; null when the walk is over.
+    UI_MacroVariant* nextMultiArrayVal(long* inx);
+
+    // Conversions. All but the private forms read objects through their default member.
+    explicit operator __int64() const;
+    explicit operator int() const;
+    explicit operator long() const;
+    explicit operator bool() const;
+    explicit operator double() const;
+    explicit operator SYS_String() const;
+    explicit operator SCC_Variant() const;
+    void* ToHandle() const;
+    SYS_String ToString() const;
+    int ToInt(int fallback) const;
+    bool convToBool() const;
+
+    // Operators of the language; the kinds of the operands decide, as in the language guide.
+    UI_MacroVariant operator+(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator-(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator*(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator/(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator%(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator^(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator|(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator&(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator&&(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator||(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator==(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator!=(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator<(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator<=(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator>(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator>=(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant operator-() const;
+    UI_MacroVariant operator~() const;
+    UI_MacroVariant operator!() const;
+    UI_MacroVariant IntDiv(const UI_MacroVariant& rhs) const;
+    UI_MacroVariant Power(const UI_MacroVariant& rhs) const;
+    VariantValueType GetSuperiorType(VariantValueType other) const;
+
+    // Automation.
+    void init(const tagVARIANT& value);
+    void Init(const COleVariant& value);
+    explicit operator COleVariant() const;
+    int CreateObject(const char* progId);
+    int CreateObject(const _GUID& classId);
+    int CreateObject(const char* progId, const char* server);
+    int GetActiveObject(const char* progId);
+    int GetActiveObject(const _GUID& classId);
+    int GetObject(const char* path, const char* className);
+
+    /// Which of the engine's own classes this value is; lets the engine avoid casts at run time.
+    enum class Role : unsigned char { Plain, Variable, Element, Object };
+    Role GetRole() const { return m_Role; }
+    bool IsMacroEval() const { return m_Role == Role::Object; }
+
+    /// Takes over everything from `src`, which becomes Empty. Only for values of this very class.
+    void Take(UI_MacroVariant& src) noexcept;
+
+protected:
+    explicit UI_MacroVariant(Role role) noexcept;
+
+    /// Stores the arguments of a pending call.
+    void copyAgr(UI_MacroVariant* args, int n);
+    static UI_MacroVariant EvaluateArray(UI_MacroVariant* var, UI_MacroVariant* args, int argc);
+
+    // The kind alone decides; objects and References are not read through a default member.
+    SYS_String convToString() const;
+    __int64 convToLongLong() const;
+    double convToDouble() const;
+    void* convToHandle() const;
+
+    bool m_Constant = false; // belongs to UI_MacroVariantParam, stands in padding
+    bool m_IsProxy = false;  // stands for a property: `GetRVal` reads it first
+
+private:
+    friend class MacroVariantArraySupport;
+    friend class UI_MacroVariantParam;
+    friend class UI_MacroVariantItemRef;
+    friend class MacroSupport;
+    friend struct MacroVariantAccess;
+
+    struct Parts;
+    struct Operators;
+    union Payload {
+        __int64 integer;
+        double real;
+        void* pointer;
+        IDispatch* dispatch;
+        MacroFunctionHandler handler;
+    };
+
+    Parts& parts();
+    void releaseParts() noexcept;
+    void copyFrom(const UI_MacroVariant& src);
+    void moveFrom(UI_MacroVariant& src) noexcept;
+    void clearRest();
+    bool hasRest() const;
+    bool holdsShapedArray() const {
+        return m_Type == vvtArray &&
+               (m_IdOrArrayType == ArrayFixed || m_IdOrArrayType == ArrayDynamic);
+    }
+    void setCounted(IUnknown* object);
+    void invokeObjectIfNeeded();
+    void putObjectVal(const UI_MacroVariant& value, bool byRef);
+    SYS_String describeKind() const;
+    const UI_MacroArray* dimension(int dim) const;
+    static void setBounds(const _ArraySubscript* subs, UI_MacroVariant& v);
+
+    Role m_Role = Role::Plain;
+    VariantValueType m_Type = vvtEmpty;
+    unsigned m_FlagsOrDims = 0; // invoke flags of an Object, dimensions of an Array
+    int m_IdOrArrayType = 0;    // dispatch id of an Object, VariantArrayType of an Array
+    Payload m_Payload{0};
+    SYS_String m_Text;
+    SCC_SafePointer<UI_MacroVariant> m_Target;
+    Parts* m_Parts = nullptr;
+};
+
+/// A variable, parameter or constant. Bound to a Reference it becomes an alias of the target.
+class KEL_MCR_API UI_MacroVariantParam : public UI_MacroVariant {
+public:
+    explicit UI_MacroVariantParam(bool constant);
+    UI_MacroVariantParam(const UI_MacroVariant& value, bool constant);
+    /// Copies the value; the copy is no constant.
+    UI_MacroVariantParam(const UI_MacroVariantParam& other);
+    ~UI_MacroVariantParam() override;
+
+    using UI_MacroVariant::operator=;
+    UI_MacroVariantParam& operator=(const UI_MacroVariant& src) override;
+    UI_MacroVariantParam& operator=(const UI_MacroVariantParam& src);
+    void Assign(const UI_MacroVariant& src) override;
+    void SetObjectRef(const UI_MacroVariant& src) override;
+    void SetConstant(bool constant) override;
+    bool isConstant() const override;
+    UI_MacroVariant* GetLVal() const override;
+    UI_MacroVariant* GetRVal() const override;
+
+private:
+    UI_MacroVariant* reduce();
+    UI_MacroVariant* writeTarget();
+};
+
+/// Stands for an array element: reads and writes reach the element while it lives. Made on the
+/// heap and deleted with the last Reference to it.
+class UI_MacroVariantItemRef final : public UI_MacroVariant {
+public:
+    explicit UI_MacroVariantItemRef(UI_MacroVariant* element);
+    ~UI_MacroVariantItemRef() override;
+
+    using UI_MacroVariant::operator=;
+    UI_MacroVariantItemRef& operator=(const UI_MacroVariant& src) override;
+    void Assign(const UI_MacroVariant& src) override;
+    void SetObjectRef(const UI_MacroVariant& src) override;
+    void InitRVal() override;
+    UI_MacroVariant* GetRVal() const override;
+
+    UI_MacroVariant* GetElement() const { return m_Element; }
+
+    static void* operator new(std::size_t size);
+    static void operator delete(void* cell, std::size_t size);
+
+private:
+    SCC_SafePointer<UI_MacroVariant> m_Element;
+};
+
+/// Makes and reshapes arrays in values, for the declaration statements and for hosts.
+class KEL_MCR_API MacroVariantArraySupport {
+public:
+    /// Raises: 20 ("out of memory") beyond the processor's array limit.
+    static void CreateArray(UI_MacroVariant* var, SCC_Array<_ArraySubscript>& subscripts,
+                            bool dynamic);
+    /// Raises: 32 on a fixed array, 33 if the data cannot be preserved.
+    static void ReCreateArray(UI_MacroVariant* var, SCC_Array<_ArraySubscript>& subscripts,
+                              bool preserve);
+    /// Gives every nested level of an array a buffer of its own. Raises: 42 when nested too deep.
+    static void SeparateBuffers(UI_MacroVariant& var);
+
+private:
+    static bool IsPreservable(UI_MacroVariant& var, SCC_Array<_ArraySubscript>& subscripts);
+    static void CopyDataItems(UI_MacroArray& source, UI_MacroVariant& var);
+};
+
+static_assert(sizeof(UI_MacroVariant) <= 64, "the value is copied everywhere: keep it compact");
+
+inline UI_MacroVariant::UI_MacroVariant() noexcept = default;
+inline UI_MacroVariant::UI_MacroVariant(Role role) noexcept : m_Role(role) {}
+inline UI_MacroVariant::UI_MacroVariant(int value) noexcept
+    : m_Type(vvtInteger), m_Payload{value} {}
+inline UI_MacroVariant::UI_MacroVariant(long value) noexcept
+    : m_Type(vvtInteger), m_Payload{value} {}
+inline UI_MacroVariant::UI_MacroVariant(__int64 value) noexcept
+    : m_Type(vvtInteger), m_Payload{value} {}
+inline UI_MacroVariant::UI_MacroVariant(unsigned value) noexcept
+    : m_Type(vvtInteger), m_Payload{value} {}
+inline UI_MacroVariant::UI_MacroVariant(unsigned long value) noexcept
+    : m_Type(vvtInteger), m_Payload{static_cast<__int64>(value)} {}
+inline UI_MacroVariant::UI_MacroVariant(unsigned long long value) noexcept
+    : m_Type(vvtInteger), m_Payload{static_cast<__int64>(value)} {}
+inline UI_MacroVariant::UI_MacroVariant(bool value) noexcept
+    : m_Type(vvtBoolean), m_Payload{value ? -1 : 0} {}
+inline UI_MacroVariant::UI_MacroVariant(double value) noexcept : m_Type(vvtDouble) {
+    m_Payload.real = value;
+}
+
+inline bool UI_MacroVariant::hasRest() const {
+    return m_Parts || m_Target.IsSet() || !m_Text.IsEmpty();
+}
+
+inline UI_MacroVariant::~UI_MacroVariant() {
+    if (m_Parts)
+        releaseParts();
+}
+
+inline void UI_MacroVariant::Clear() {
+    if (hasRest())
+        clearRest();
+    m_Type = vvtEmpty;
+    m_Payload.integer = 0;
+    m_FlagsOrDims = 0;
+    m_IdOrArrayType = 0;
+}

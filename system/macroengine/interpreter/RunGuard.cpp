@@ -1,0 +1,33 @@
+#include "interpreter/RunGuard.h"
+
+#include "engine/Frames.h"
+
+RunGuard::RunGuard(MacroParser& processor)
+    : m_Processor(processor), m_Function(processor.m_CurrentFunction),
+      m_Unit(processor.GetTree().GetCurrentUnit()),
+      m_Frames(processor.m_ContextStack->GetCount()),
+      m_Blocks(m_Frames ? processor.m_ContextStack->Top()->GetBlockDepth() : 0) {
+    if (processor.m_PlaybackDepth >= MacroSupport::GetLimits().nestedRuns)
+        processor.OnError(errIllegalNesting, SYS_String());
+    ++processor.m_PlaybackDepth;
+}
+
+RunGuard::~RunGuard() {
+    FrameStack& frames = *m_Processor.m_ContextStack;
+    frames.PopTo(m_Frames);
+    if (m_Frames && frames.GetCount() == m_Frames)
+        while (frames.Top()->GetBlockDepth() > m_Blocks)
+            frames.Top()->PopBlock();
+    m_Processor.m_CurrentFunction = m_Function;
+    if (m_Unit && m_Processor.GetTree().GetCurrentUnit() != m_Unit)
+        m_Processor.GetTree().SetCurrentUnit(m_Unit);
+    --m_Processor.m_PlaybackDepth;
+    if (m_Processor.m_PlaybackDepth > 0)
+        return;
+    if (!m_Done && !m_Processor.IsInEvaluation()) {
+        m_Processor.m_Current = {nullptr, false};
+        if (m_Processor.m_ExecutionMode != MacroSupport::emStopped)
+            m_Processor.m_ExecutionMode = MacroSupport::emFinished;
+    }
+    m_Processor.finishStop();
+}

@@ -1,0 +1,104 @@
+// Running the block of a modal dialog while the host has the dialog open.
+
+#include <SCL_Assert.h>
+
+#include "interpreter/RunGuard.h"
+#include "interpreter/Semantics.h"
+#include "values/CopyOut.h"
+
+using namespace semantics;
+
+namespace {
+
+using WithNode = ParserTree::NodeImpl<ParserTree::With, true>;
+
+/// The first statement behind the one in which the walk stands.
+Node* statementBehind(Node* node) {
+    while (node && !node->IsStatement())
+        node = node->GetParent();
+    if (!node)
+        return nullptr;
+    const long line = node->GetLine();
+    Step step = node->GetStepAfter();
+    while (step.node && (step.ascending || !step.node->IsStatement())) {
+        SCL_ASSERT(step.node->IsStatement() || step.node->GetLine() == line ||
+                       step.node->GetLine() < 0,
+                   "MacroParser::ResumeWith: the next statement stands on another line");
+        if (step.node->Is(Kind::Function))
+            return nullptr;
+        step = step.ascending || !step.node->GetFirstChild()
+                   ? step.node->GetStepAfter()
+                   : Step{step.node->GetFirstChild(), false};
+    }
+    return step.node;
+}
+
+} // namespace
+
+MacroPlaybackResult MacroParser::ResumeWith(char const* name) {
+    if (!m_Current.node || !name)
+        return pbNotHandled;
+    UI_MacroVariant* object = findDialog(name);
+    if (!object)
+        return pbNotHandled;
+    UI_MacroVariant dialog = CopyOut(object);
+    for (Node* node = statementBehind(m_Current.node); node; node = node->GetNextSibling()) {
+        if (!node->Is(Kind::With) || !static_cast<WithNode*>(node)->isDialog)
+            return pbNotHandled;
+        Node* expression = node->GetFirstChild();
+        Node* context = expression ? expression->GetNextSibling() : nullptr;
+        if (!context) {
+            OnError("With context is broken");
+            return pbFailed;
+        }
+        SCL_ASSERT(context->Is(Kind::WithContext), "MacroParser::ResumeWith: no context node");
+        Step step{expression, false};
+        while (step.node && step.node != context)
+            step = step.ascending ? step.node->Leave(*this) : step.node->Enter(*this);
+        Cell* cell = findResult(expression);
+        if (step.node && cell && dialog.IsObjectSame(cell->value))
+            return runDialogBlock(*static_cast<WithNode*>(node), step);
+        if (cell)
+            ExecutionContext::FreeCell(cell);
+    }
+    return pbNotHandled;
+}
+
+/// The object of a name, looked up without making or refusing anything.
+UI_MacroVariant* MacroParser::findDialog(char const* name) {
+    const MacroName* interned = MacroName::Intern(name);
+    UI_MacroVariant* value = lookUpEntry(interned);
+    if (!value)
+        value = findVariable(interned);
+    return value ? value->getObject(false) : nullptr;
+}
+
+MacroPlaybackResult MacroParser::runDialogBlock(WithNode& with, ParserTree::Step start) {
+    RunGuard guard(*this);
+    struct Entry {
+        MacroParser& processor;
+        WithNode& with;
+        ParserTree::Step step;
+        ~Entry() {
+            --with.nestedRuns;
+            if (processor.m_ExecutionMode != emStopped)
+                processor.m_Current = step;
+        }
+    } entry{*this, with, m_Current};
+    const int frames = m_ContextStack->GetCount();
+    const int blocks = m_ContextStack->Top()->GetBlockDepth();
+    m_ResultCode = pbBlockDone;
+    ++with.nestedRuns;
+    m_Current = start;
+    try {
+        ExecutionStep();
+    } catch (MacroPlaybackResult result) {
+        m_ContextStack->PopTo(frames);
+        while (m_ContextStack->Top()->GetBlockDepth() > blocks + 1)
+            m_ContextStack->Top()->PopBlock();
+        with.Leave(*this);
+        m_ResultCode = result;
+    }
+    guard.SetDone();
+    return m_ResultCode;
+}

@@ -1,0 +1,59 @@
+// Lines of macro text that the host's commands report, on their way to the output.
+
+#include <SCL_Assert.h>
+#include <UI_MacroProcessor.h>
+
+SCC_Event<char const*>& MacroSupport::RecordEvent() {
+    static auto& event = *new SCC_Event<char const*>;
+    return event;
+}
+
+void MacroSupport::Record(char const* text, int id, int) { RecordEvent().Raise(id, text); }
+
+void MacroSupport::BeginRecording(MacroOutput* output) {
+    m_LastCompressID = 0;
+    m_LastRecorded.Clear();
+    SetOutput(output);
+}
+
+void MacroSupport::OnRecord(int id, char const* text) {
+    if (!m_Output || !text)
+        return;
+    const int effective = m_CompressionMode ? id : 0;
+    if (effective != m_LastCompressID || effective == 0) {
+        if (m_LastCompressID != 0)
+            m_Output->Record(m_LastRecorded);
+        m_Output->Record(text);
+    }
+    m_LastRecorded = text;
+    m_LastCompressID = effective;
+}
+
+void MacroSupport::PushModalContext(char const* name) {
+    SYS_String line = GetModalContextIndent();
+    line += "withDlg ";
+    line += name;
+    Record(line, 0, 0);
+    m_ModalContexts.Push(SYS_String(name));
+}
+
+void MacroSupport::PopModalContext() {
+    if (m_ModalContexts.IsEmpty())
+        return;
+    m_ModalContexts.Pop();
+    SYS_String line = GetModalContextIndent();
+    line += "end withDlg";
+    Record(line, 0, 0);
+}
+
+SYS_String MacroSupport::GetModalContext() const {
+    return m_ModalContexts.IsEmpty() ? SYS_String() : m_ModalContexts.Peek(0);
+}
+
+SYS_String MacroSupport::GetModalContextIndent() const {
+    return SYS_String(' ', static_cast<unsigned>(2 * GetModalContextLevel()));
+}
+
+int MacroSupport::GetModalContextLevel() const {
+    return m_ModalContexts.IsEmpty() ? 0 : m_ModalContexts.GetCount();
+}

@@ -1,0 +1,26 @@
+// The table of the built-in functions, and the one map of their names.
+
+#include "runtime/FunctionTable.h"
+
+#include <UI_MacroProcessor.h>
+
+#include <iterator>
+
+const MacroSupport::FuncNode MacroSupport::s_Functions[] = {
+    {"Len", MacroLen},
+    {"Abs", MacroAbs},
+    {"CStr", MacroCStr},
+    {"TypeName", MacroTypeName},
+};
+
+SCC_SharedPointer<MacroEval::Map> MacroSupport::InitFunctionsMap() {
+    SCC_SharedPointer<Map> map(new Map);
+    for (const FuncNode& row : s_Functions)
+        map->Install(SYS_StrNoCase(row.name), UI_MacroVariant(row.handler));
+    return map;
+}
+
+MacroEval::Map* MacroSupport::functionsMap() {
+    static auto& map = *new SCC_SharedPointer<Map>(InitFunctionsMap());
+    return map;
+}

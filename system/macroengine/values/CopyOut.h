@@ -1,0 +1,6 @@
+#pragma once
+
+#include <UI_MacroVariant.h>
+
+/// What a value reads as, fit to be kept: null gives Null, an object gives a Reference to it.
+UI_MacroVariant CopyOut(UI_MacroVariant* value);
