@@ -144,10 +144,10 @@ Step ParserTree::ForCond::OnLeave(Node& node, MacroParser& processor) {
     if (state.GetType() != vvtArray) {
         Node* start = node.GetFirstChild();
         Node* bound = start->GetNextSibling();
-        const UI_MacroVariant first = takeLoopOperand(processor, start);
+        // The start is stored first: a bound that names the variable reads it.
+        variableSlot.Assign(takeLoopOperand(processor, start));
         UI_MacroVariant last = takeLoopOperand(processor, bound);
         UI_MacroVariant by = takeLoopOperand(processor, bound->GetNextSibling());
-        variableSlot.Assign(first);
         UI_MacroVariant* kept = MacroVariantAccess::MakeList(state, 2);
         kept[0].Take(last);
         kept[1].Take(by);
