@@ -35,6 +35,8 @@ void RegisterMacroErrorTexts() {
     SYS_RegisterResources(kErrorTexts, static_cast<int>(std::size(kErrorTexts)));
 }
 
+const void* MacroErrorTexts() { return kErrorTexts; }
+
 SYS_String GetMacroErrorText(MacroERR_Code code) {
     const int id = resourceOf(code);
     if (id == 0)

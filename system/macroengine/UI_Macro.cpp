@@ -30,6 +30,12 @@ void MacroEngineDllTerminate() {
         --s_Started;
 }
 
+const void* GetLocalResourceHandle_MacroEngine() {
+    return s_Started > 0 ? MacroErrorTexts() : nullptr;
+}
+
+const void* GetOrigModuleState_MacroEngine() { return nullptr; }
+
 // --- UI_MacroImpl ------------------------------------------------------------------------------
 
 int UI_MacroImpl::InRecordMode() const {
