@@ -71,7 +71,8 @@ protected:
             outcome.errorText = firstLine(std::string(error.GetText().View()));
             outcome.errorLine = error.GetPosition() + 1;
         }
-        if (outcome.errorText.empty() && processor().GetExecutionMode() == MacroSupport::emStopped) {
+        if (outcome.errorText.empty() &&
+            processor().GetExecutionMode() == MacroSupport::emStopped) {
             outcome.errorText = firstLine(std::string(processor().GetLastErrorText().View()));
             outcome.errorLine = static_cast<int>(processor().GetLastErrorLine()) + 1;
         }

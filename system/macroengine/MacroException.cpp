@@ -20,7 +20,7 @@ const SYS_Resource kErrorTexts[] = {
 
 int resourceOf(MacroERR_Code code) {
     switch (static_cast<int>(code)) {
-#define MACRO_ERROR(number, name, id, text)                                                       \
+#define MACRO_ERROR(number, name, id, text)                                                        \
     case number:                                                                                   \
         return id;
 #include "engine/ErrorCodes.def"

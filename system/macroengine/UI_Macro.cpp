@@ -52,7 +52,8 @@ UI_MacroVariant UI_MacroImpl::ExecuteMacro(const SYS_String& file, const SYS_Str
                                            UI_MacroVariant* args, int argc) {
     SYS_String path = file;
     MacroSupport* parent = GetParentProcessor();
-    if (!file.IsEmpty() && parent && parent->GetSource() && SCL::cPathProcessor::is_relative(file)) {
+    if (!file.IsEmpty() && parent && parent->GetSource() &&
+        SCL::cPathProcessor::is_relative(file)) {
         const SYS_String parentFile = parent->GetSource()->GetFileName();
         if (!parentFile.IsEmpty()) {
             SFM_FilePath resolved(parentFile);

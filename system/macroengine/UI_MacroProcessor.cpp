@@ -45,16 +45,15 @@ bool FunctionTableItem::HasBody() const {
 
 MacroSupport::MacroSupport(bool nested)
     : MacroEval(nullptr), m_Scanner(std::make_unique<MacroScanner>()),
-      m_ContextStack(std::make_unique<FrameStack>()),
-      m_RecordHook(this, &MacroSupport::OnRecord), m_Nested(nested) {
+      m_ContextStack(std::make_unique<FrameStack>()), m_RecordHook(this, &MacroSupport::OnRecord),
+      m_Nested(nested) {
     RegisterMacroErrorTexts();
     getMap();
     RecordEvent().AddHead(m_RecordHook);
     functionsMap();
     if (nested) {
         if (s_Processor && s_Processor->GetPMap() != GetPMap())
-            static_cast<SCC_Map<SYS_StrNoCase, UI_MacroVariant>&>(getMap()) =
-                s_Processor->getMap();
+            static_cast<SCC_Map<SYS_StrNoCase, UI_MacroVariant>&>(getMap()) = s_Processor->getMap();
         m_Parent = s_Processor;
         s_Processor = this;
     }
@@ -171,9 +170,7 @@ int MacroSupport::GetParsePosition() const {
     return static_cast<int>(m_Scanner->GetTokenLine());
 }
 
-long MacroSupport::GetCurrentLine() const {
-    return m_Current.node ? m_Current.node->GetLine() : 0;
-}
+long MacroSupport::GetCurrentLine() const { return m_Current.node ? m_Current.node->GetLine() : 0; }
 
 const SYS_String& MacroSupport::getDicStr(const SYS_String& text) {
     return m_Scanner->Intern(text);

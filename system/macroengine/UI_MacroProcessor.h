@@ -53,10 +53,10 @@ struct MacroHostHooks {
 
 /// Bounds on what a macro may use. Beyond them a macro ends with "out of memory".
 struct MacroLimits {
-    int stringBytes = 0x3FFFFFFF;  ///< of one string
-    int arrayElements = 16777216;  ///< of one array, over all its levels
-    int frames = 500000;           ///< open procedure calls
-    int nestedRuns = 200;          ///< runs inside runs, which use the native stack
+    int stringBytes = 0x3FFFFFFF; ///< of one string
+    int arrayElements = 16777216; ///< of one array, over all its levels
+    int frames = 500000;          ///< open procedure calls
+    int nestedRuns = 200;         ///< runs inside runs, which use the native stack
 };
 
 /// What `Option` statements set.

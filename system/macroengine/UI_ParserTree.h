@@ -86,7 +86,13 @@ public:
         ObjectExec
     };
 
-    enum FileOpenMode { FileAppend = 0, FileBinary = 1, FileInput = 2, FileOutput = 3, FileRandom = 4 };
+    enum FileOpenMode {
+        FileAppend = 0,
+        FileBinary = 1,
+        FileInput = 2,
+        FileOutput = 3,
+        FileRandom = 4
+    };
     enum FileAccessMode { AccessRead = 0, AccessWrite = 1, AccessReadWrite = 2 };
     enum FileLockMode { LockShared = 0, LockRead = 1, LockWrite = 2, LockReadWrite = 3 };
 
@@ -213,7 +219,7 @@ public:
         SCL_Vector<Position*> m_Lines; // by line number; entries may be null
         Node m_Root;
         int m_Explicit = 0;
-        SYS_String key; // the normalised path
+        SYS_String key;                     // the normalised path
         SCL_Vector<SYS_String> m_Variables; // module variables that the unit declares
     };
 
@@ -556,9 +562,8 @@ public:
     NodeImpl() noexcept : Node(T::kKind, StatementFlag) {
         if constexpr (requires(T & data) { data.GetTop(); }) {
             auto* slots = static_cast<ValueSlots*>(this);
-            m_ResultOffset = static_cast<std::uint8_t>(reinterpret_cast<char*>(slots) -
-                                                       reinterpret_cast<char*>(
-                                                           static_cast<Node*>(this)));
+            m_ResultOffset = static_cast<std::uint8_t>(
+                reinterpret_cast<char*>(slots) - reinterpret_cast<char*>(static_cast<Node*>(this)));
         }
     }
 

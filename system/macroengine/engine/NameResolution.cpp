@@ -162,8 +162,8 @@ UI_MacroVariant MacroSupport::EvalArgListList(UI_MacroVariant* target, const cha
         UI_MacroArray list = lists.Data()[i].Arrval();
         const int argc = list.GetCount();
         UI_MacroVariant* args = argc ? list.WritableData() : &Null();
-        UI_MacroVariant next =
-            i == 0 ? scope->Evaluate(name, args, argc) : evaluateDeref(*scope, "", args, argc, false);
+        UI_MacroVariant next = i == 0 ? scope->Evaluate(name, args, argc)
+                                      : evaluateDeref(*scope, "", args, argc, false);
         result.Take(next);
         scope = &result;
     }

@@ -110,9 +110,9 @@ bool advanceNumbers(UI_MacroVariantParam& variable, const UI_MacroVariant& bound
     if (!isNumber(variable) || !isNumber(bound) || !isNumber(step))
         return false;
     if (variable.GetType() == vvtInteger && step.GetType() == vvtInteger) {
-        variable.SetIntVal(static_cast<__int64>(
-            static_cast<unsigned long long>(Access::Integer(variable)) +
-            static_cast<unsigned long long>(Access::Integer(step))));
+        variable.SetIntVal(
+            static_cast<__int64>(static_cast<unsigned long long>(Access::Integer(variable)) +
+                                 static_cast<unsigned long long>(Access::Integer(step))));
     } else {
         variable.SetRealVal(Access::Number(variable) + Access::Number(step));
     }

@@ -17,9 +17,7 @@ struct Scalar {
         double real;
     };
 
-    double AsReal() const {
-        return type == vvtDouble ? real : static_cast<double>(integer);
-    }
+    double AsReal() const { return type == vvtDouble ? real : static_cast<double>(integer); }
     void Store(UI_MacroVariant& out) const {
         if (type == vvtDouble)
             out.SetRealVal(real);
@@ -70,8 +68,7 @@ inline bool isLeaf(MacroParser& processor, Node* node, UI_MacroVariantParam*& va
 inline bool leafNumber(Node* node, const UI_MacroVariantParam* variable, Scalar& out) {
     if (node->Is(Kind::LongValue)) {
         out.type = vvtInteger;
-        out.integer =
-            static_cast<ParserTree::NodeImpl<ParserTree::LongValue, false>*>(node)->value;
+        out.integer = static_cast<ParserTree::NodeImpl<ParserTree::LongValue, false>*>(node)->value;
         return true;
     }
     if (node->Is(Kind::DoubleValue)) {

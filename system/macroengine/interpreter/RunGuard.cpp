@@ -10,8 +10,7 @@ int s_NativeRuns = 0;
 
 RunGuard::RunGuard(MacroParser& processor)
     : m_Processor(processor), m_Function(processor.m_CurrentFunction),
-      m_Unit(processor.GetTree().GetCurrentUnit()),
-      m_Frames(processor.m_ContextStack->GetCount()),
+      m_Unit(processor.GetTree().GetCurrentUnit()), m_Frames(processor.m_ContextStack->GetCount()),
       m_Blocks(m_Frames ? processor.m_ContextStack->Top()->GetBlockDepth() : 0) {
     if (s_NativeRuns >= MacroSupport::GetLimits().nestedRuns)
         processor.OnError(errIllegalNesting, SYS_String());

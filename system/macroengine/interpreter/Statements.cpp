@@ -63,8 +63,7 @@ void bindObject(MacroParser& processor, Node& node) {
     Node* target = node.GetFirstChild();
     Cell& source = operand(processor, target->GetNextSibling());
     UI_MacroVariant* object = source.value.getObject(false);
-    assignmentTarget(processor, target)
-        .SetObjectRef(object ? *object : UI_MacroVariant::Nothing());
+    assignmentTarget(processor, target).SetObjectRef(object ? *object : UI_MacroVariant::Nothing());
 }
 
 } // namespace

@@ -309,9 +309,8 @@ bool UI_MacroVariant::evaluateDereference(UI_MacroVariant* args, int argc, UI_Ma
             return out.evaluateDereference(args, argc, out, flag);
         out.m_IdOrArrayType = 0;
         out.m_FlagsOrDims = flag == derefPropertyGet ? DISPATCH_PROPERTYGET
-                            : flag == derefMethod
-                                ? DISPATCH_METHOD
-                                : DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+                            : flag == derefMethod    ? DISPATCH_METHOD
+                                                     : DISPATCH_METHOD | DISPATCH_PROPERTYGET;
         out.copyAgr(args, argc);
         return true;
     case vvtFunction:
@@ -500,9 +499,8 @@ void UI_MacroVariantParam::SetObjectRef(const UI_MacroVariant& src) {
         Fail(errArrayAssignment);
         return;
     }
-    UI_MacroVariant value = src.IsMacroEval()
-                                ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
-                                : UI_MacroVariant(src);
+    UI_MacroVariant value = src.IsMacroEval() ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
+                                              : UI_MacroVariant(src);
     t->Take(value);
 }
 
@@ -583,9 +581,8 @@ void UI_MacroVariantItemRef::SetObjectRef(const UI_MacroVariant& src) {
         Fail(errSetToItself);
         return;
     }
-    UI_MacroVariant value = src.IsMacroEval()
-                                ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
-                                : UI_MacroVariant(src);
+    UI_MacroVariant value = src.IsMacroEval() ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
+                                              : UI_MacroVariant(src);
     if ((element->m_Type == vvtObject && element->GetWFlags() == 0) ||
         element->m_Type == vvtReference)
         element->Clear();

@@ -27,8 +27,9 @@ TEST(SmallStack, HostileTextsGiveAResultOrAnError) {
         const char* output;
         int status;
     } rows[] = {
-        {"parentheses that fit", "x = " + repeated("(", 190) + "1" + repeated(")", 190) +
-                                     "\nConsole.WriteLine x\n", "1\n", 0},
+        {"parentheses that fit",
+         "x = " + repeated("(", 190) + "1" + repeated(")", 190) + "\nConsole.WriteLine x\n", "1\n",
+         0},
         {"parentheses that do not", "x = " + repeated("(", 200) + "1" + repeated(")", 200), "", 1},
         {"unary minuses", "x = " + repeated("-", 100000) + "1", "", 1},
         {"one long line", "x = 0" + repeated(" : x = x + 1", 90000) + "\nConsole.WriteLine x",
@@ -37,10 +38,14 @@ TEST(SmallStack, HostileTextsGiveAResultOrAnError) {
          "200000\n", 0},
         {"a long sum", "x = 1" + repeated(" + 1", 100000) + "\nConsole.WriteLine x", "100001\n", 0},
         {"dots", "x = a" + repeated(".b", 100000), "", 1},
-        {"deep recursion", "Function f(n)\nIf n > 0 Then f = f(n - 1) + 1 Else f = 0\nEnd Function\n"
-                           "Console.WriteLine f(100000)", "100000\n", 0},
-        {"nested arrays", "a = 1\nFor i = 1 To 900\nDim b(0)\nb(0) = a\na = b\nNext\n"
-                          "Console.WriteLine TypeName(a)", "Array\n", 0},
+        {"deep recursion",
+         "Function f(n)\nIf n > 0 Then f = f(n - 1) + 1 Else f = 0\nEnd Function\n"
+         "Console.WriteLine f(100000)",
+         "100000\n", 0},
+        {"nested arrays",
+         "a = 1\nFor i = 1 To 900\nDim b(0)\nb(0) = a\na = b\nNext\n"
+         "Console.WriteLine TypeName(a)",
+         "Array\n", 0},
         {"open blocks", repeated("If x Then\n", 300), "", 1},
     };
     const TestFolder folder;
