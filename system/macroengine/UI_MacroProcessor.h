@@ -241,12 +241,16 @@ public:
         return m_ExecutionMode == emEval || m_ExecutionMode == emEvalPure;
     }
     ParserTree::Step& Current() { return m_Current; }
-    int GetRunDepth() const { return m_PlaybackDepth; }
+    /// Whether an entry of this processor is on the native stack: a run, a parse, or the way there.
+    bool IsBusy() const { return m_Entries > 0; }
+    /// Ends what is going on; the reset follows when the outermost entry has returned.
+    void RequestStop();
 
 protected:
     friend class MacroParser;
     friend class TreeBuilder;
     friend class ParserTree;
+    friend class EntryGuard;
     friend class RunGuard;
     friend class UI_Macro;
 
@@ -257,6 +261,10 @@ protected:
     [[noreturn]] void raise(MacroException& error, int code, long line);
     long errorLine() const;
     void ClearLastError();
+    void finishStop();
+    static void callStatementHook(long line);
+    /// False if the host has none.
+    static bool CallIdleHook();
     void pushBottomFrame();
     static bool s_HasStatementHook;
     static SCC_Event<char const*>& RecordEvent();
@@ -285,6 +293,10 @@ protected:
     ParserTree::NodeImpl<ParserTree::Function, false>* m_CurrentFunction = nullptr;
     MacroPlaybackResult m_ResultCode = pbNotHandled;
     int m_ReturnCode = 0;
+    int m_Entries = 0;
+    bool m_StopPending = false;
+    bool m_Abandoned = false;    // the owner has gone: deleted by the outermost entry
+    ParserTree::Step m_PausedAt; // the step at which the last pause happened
 
     // Recording.
     SCC_ObjectEventHook<MacroSupport, char const*> m_RecordHook;
@@ -347,8 +359,6 @@ public:
 
     /// Runs until there is nothing left to run. Raises: any.
     void ExecutionStep();
-    /// Ends the run in progress; the reset follows when its outermost entry has returned.
-    void RequestStop();
 
 protected:
     friend class ParserTree;
@@ -379,7 +389,8 @@ protected:
     bool RunStepOver();
     bool RunStepOut();
     void pausedTurn();
-    void finishStop();
+    /// Whether a step loop stands on the step at which the run was paused.
+    bool resumesAt(const ParserTree::Step& step);
     bool hasUnits() const override;
     void endCall(bool failed) override;
     void bindArguments(ParserTree::Function& function, ExecutionContext& frame,
@@ -387,7 +398,5 @@ protected:
 
     SCL_Pointer<ParserTree> m_Tree;
     std::unique_ptr<TreeBuilder> m_Builder;
-    ParserTree::Node* m_PausedAt = nullptr; // the step at which the last pause happened
     ExecutionMode m_LastExecuting = emRun;
-    bool m_StopPending = false;
 };

@@ -104,7 +104,7 @@ ParserTree::Step MacroParser::EnterProcedure(ParserTree::Node& call, ParserTree:
     if (!item)
         OnError(errInternal, SYS_String());
     if (m_ContextStack->GetCount() > GetLimits().frames)
-        OnError(errDivisionByZero, "out of memory");
+        OnError(errRuntime, "out of memory");
     FunctionNode* function = item->GetDeclaration();
     refreshLayout(*function);
 
