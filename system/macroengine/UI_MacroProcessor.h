@@ -229,8 +229,14 @@ public:
 
     /// A number that changes whenever a name may have got another meaning.
     unsigned GetNamesState() const;
-    /// Whether a name can only be a variable in that state.
-    bool IsPlainVariable(const MacroName* name) const;
+    /// Whether a name can only be a procedure or a variable in that state. The procedure of that
+    /// name is given along, null if there is none.
+    bool IsOwnName(const MacroName* name, const FunctionTableItem*& procedure) const;
+    /// The same procedure, or null where the name is to be read as a variable. `place` remembers
+    /// where the variable was found.
+    const FunctionTableItem* CalledProcedure(const FunctionTableItem* procedure,
+                                             const MacroName* name, bool isApplied,
+                                             unsigned& place) const;
     SCC_Map<SYS_StrNoCase, FunctionTableItem>& GetProcedures() { return m_Functions; }
     ParserTree::NodeImpl<ParserTree::Function, false>* GetCurrentFunction() const {
         return m_CurrentFunction;
@@ -269,9 +275,7 @@ protected:
     static bool s_HasStatementHook;
     static SCC_Event<char const*>& RecordEvent();
     UI_MacroVariant* lookUpEntry(const MacroName* name) const;
-    UI_MacroVariantParam* findVariable(const MacroName* name) const;
-    const FunctionTableItem* procedureOf(const MacroName* name, bool isApplied,
-                                         const UI_MacroVariant* variable);
+    UI_MacroVariantParam* findVariable(const MacroName* name, unsigned& place) const;
     virtual bool hasUnits() const = 0;
     virtual void endCall(bool failed) = 0;
 
@@ -348,7 +352,9 @@ public:
     void Declare(const SYS_String& name, bool isConstant);
 
     // Calls, for the nodes of the tree.
-    ParserTree::Step EnterProcedure(ParserTree::Node& call, ParserTree::Cell& target);
+    /// `known` is the procedure that the name of the value probably calls.
+    ParserTree::Step EnterProcedure(ParserTree::Node& call, ParserTree::Cell& target,
+                                    const FunctionTableItem* known = nullptr);
     ParserTree::Step LeaveProcedure(ParserTree::Function& function);
     /// Makes the unit of a node, its source and its options current.
     void SwitchUnit(ParserTree::ScriptUnit* unit);

@@ -443,6 +443,7 @@ public:
     };
     struct KEL_MCR_API Statement {
         static constexpr Kind kKind = Kind::Statement;
+        static constexpr int kLet = 1;
         int code = -1;
         Step OnEnter(Node& node, MacroParser& processor);
         Step OnLeave(Node& node, MacroParser& processor);
@@ -463,10 +464,17 @@ public:
         bool hasDot = false;
         bool hasArguments = false;
         bool isCall = false;
-        bool isPlainVariable = false; // cache: no object, built-in or procedure has the name
-        unsigned cachedIndex = 0;     // cache: place of the variable in its frame
-        unsigned cachedNames = 0;     // cache: state of the name tables when it was filled
+        // Cache of what the name means, while the name tables keep the state it was filled in.
+        unsigned cachedNames = 0;
+        unsigned cachedIndex = 0;   // place of the variable in its frame
+        bool isOwnName = false;     // no object or built-in has the name
+        bool isPlainVariable = false; // no procedure either, and it is neither called nor indexed
+        const FunctionTableItem* procedure = nullptr; // of that name, a variable may hide it
         Step OnLeave(Node& node, MacroParser& processor);
+
+    private:
+        Step resolveOwnName(Node& node, MacroParser& processor, Cell* list);
+        void learn(Node& node, MacroParser& processor);
     };
     struct KEL_MCR_API ObjectExec : ValueSlots {
         static constexpr Kind kKind = Kind::ObjectExec;

@@ -317,16 +317,16 @@ bool computeNumbers(int code, const Scalar& a, const Scalar& b, Scalar& out) {
 Step ParserTree::BinaryOp::OnEnter(Node& node, MacroParser& processor) {
     Node* first = node.GetFirstChild();
     Node* second = first->GetNextSibling();
-    UI_MacroVariantParam* leftVariable = nullptr;
-    UI_MacroVariantParam* rightVariable = nullptr;
-    if (!isLeaf(processor, first, leftVariable))
+    Leaf left;
+    Leaf right;
+    if (!isReadable(processor, first, left))
         return {first, false};
-    if (!isLeaf(processor, second, rightVariable))
-        return {second, false};
+    if (!isReadable(processor, second, right))
+        return {left.element ? first : second, false};
     Scalar a;
     Scalar b;
     Scalar result;
-    if (!leafNumber(first, leftVariable, a) || !leafNumber(second, rightVariable, b) ||
+    if (!leafNumber(first, left, a) || !leafNumber(second, right, b) ||
         !computeNumbers(code, a, b, result))
         return OnLeave(node, processor);
     result.Store(freshResult(processor, *this));
@@ -410,23 +410,76 @@ UI_MacroVariant* prefixObject(MacroParser& processor, UI_MacroVariant& prefix) {
     return nullptr;
 }
 
+/// The simple element that computed indices select, without a Reference to it.
+const UI_MacroVariant* readElement(const UI_MacroVariant& variable, UI_MacroVariant* args,
+                                   int argc) {
+    const UI_MacroVariant* array = readArray(variable);
+    if (!array)
+        return nullptr;
+    return selectElement<false>(*array, argc, [&](int& index) {
+        const UI_MacroVariant* value = readScalar(args[--argc]);
+        Scalar number;
+        return value && readNumber(*value, number) && toIndex(number, index);
+    });
+}
+
 } // namespace
 
-/// Leave: 1 prefix and argument list, 2 scope, 3 property check of a watch, 4 call, 5 store.
-Step ParserTree::Object::OnLeave(Node& node, MacroParser& processor) {
-    Node* child = node.GetFirstChild();
-    if (!child && isPlainVariable && cachedNames == processor.GetNamesState()) {
+void ParserTree::Object::learn(Node& node, MacroParser& processor) {
+    procedure = nullptr;
+    isOwnName = processor.IsOwnName(interned, procedure);
+    isPlainVariable = isOwnName && !procedure && !isCall && !node.GetFirstChild();
+    cachedNames = processor.GetNamesState();
+}
+
+/// A name that is a procedure or a variable: the call, the variable, or its element.
+Step ParserTree::Object::resolveOwnName(Node& node, MacroParser& processor, Cell* list) {
+    if (const FunctionTableItem* called =
+            processor.CalledProcedure(procedure, interned, list || isCall, cachedIndex)) {
+        UI_MacroVariant& call = freshResult(processor, *this);
+        call.SetFunctionRefVal(called->GetDeclaration()->name, &processor);
+        if (list)
+            MacroVariantAccess::AdoptArguments(call, list->value);
+    } else {
         UI_MacroVariantParam* variable =
             processor.getExecutionStackVar(interned, name, cachedIndex);
         if (!variable)
             processor.OnError(errInternal, SYS_String());
-        freshResult(processor, *this).SetLValueVal(variable);
-        return node.GetStepAfter();
+        const int argc = list ? list->value.Arrval().GetCount() : 0;
+        if (argc == 0 && !isCall) {
+            freshResult(processor, *this).SetLValueVal(variable);
+        } else {
+            UI_MacroVariant* args =
+                argc ? list->value.Arrval().WritableData() : &UI_MacroVariant::Null();
+            const UI_MacroVariant* element =
+                argc && isOnlyRead(*node.GetParent())
+                    ? readElement(*variable, args, argc) : nullptr;
+            UI_MacroVariant result =
+                element ? UI_MacroVariant(*element)
+                        : processor.evaluateDeref(
+                              UI_MacroVariant(static_cast<UI_MacroVariant*>(variable)), name, args,
+                              argc, isCall);
+            freshResult(processor, *this).Take(result);
+        }
     }
+    if (list)
+        ExecutionContext::FreeCell(list);
+    return node.GetStepAfter();
+}
+
+/// Leave: 1 prefix and argument list, 2 scope, 3 property check of a watch, 4 call, 5 store.
+Step ParserTree::Object::OnLeave(Node& node, MacroParser& processor) {
+    Node* child = node.GetFirstChild();
     Node* prefix = child && child->Is(Kind::ObjectExec) ? child : nullptr;
     Node* list = prefix ? prefix->GetNextSibling() : child;
     Cell* prefixCell = prefix ? &operand(processor, prefix) : nullptr;
     Cell* listCell = list ? &operand(processor, list) : nullptr;
+    if (!prefix && !hasDot) {
+        if (cachedNames != processor.GetNamesState())
+            learn(node, processor);
+        if (isOwnName)
+            return resolveOwnName(node, processor, listCell);
+    }
 
     UI_MacroVariant* args = nullptr;
     int argc = 0;
@@ -441,8 +494,6 @@ Step ParserTree::Object::OnLeave(Node& node, MacroParser& processor) {
         result = processor.evaluateDeref(prefixCell->value, name, args, argc, false);
     } else if (!prefixCell && !hasDot) {
         result = processor.evaluate(interned, name, args, argc, isCall);
-        isPlainVariable = !child && !isCall && processor.IsPlainVariable(interned);
-        cachedNames = processor.GetNamesState();
     } else {
         UI_MacroVariant* scope =
             prefixCell ? prefixObject(processor, prefixCell->value) : withObject(processor);
@@ -459,15 +510,31 @@ Step ParserTree::Object::OnLeave(Node& node, MacroParser& processor) {
     return node.GetStepAfter();
 }
 
-/// Enter: a plain variable is taken without a visit to its name.
+/// Enter: a plain variable, or an element that is only read, is taken without a visit to its name.
 Step ParserTree::ObjectExec::OnEnter(Node& node, MacroParser& processor) {
     Node* child = node.GetFirstChild();
+    if (child->GetFirstChild() && isOnlyRead(node))
+        if (const UI_MacroVariant* element = leafElement<false>(processor, child)) {
+            freshResult(processor, *this) = *element;
+            return node.GetStepAfter();
+        }
     if (UI_MacroVariantParam* variable = plainVariable(processor, child)) {
         freshResult(processor, *this).SetLValueVal(variable);
         return node.GetStepAfter();
     }
     return {child, false};
 }
+
+namespace {
+
+/// The procedure that the called name is known to mean, if it still does.
+const FunctionTableItem* knownProcedure(MacroParser& processor, Node& exec) {
+    auto* object =
+        static_cast<ParserTree::NodeImpl<ParserTree::Object, false>*>(exec.GetFirstChild());
+    return object->cachedNames == processor.GetNamesState() ? object->procedure : nullptr;
+}
+
+} // namespace
 
 Step ParserTree::ObjectExec::OnLeave(Node& node, MacroParser& processor) {
     Cell& cell = operand(processor, node.GetFirstChild());
@@ -487,7 +554,7 @@ Step ParserTree::ObjectExec::OnLeave(Node& node, MacroParser& processor) {
     }
     case vvtFunction:
         if (!value.GetFunctionHandler())
-            return processor.EnterProcedure(node, cell);
+            return processor.EnterProcedure(node, cell, knownProcedure(processor, node));
         {
             UI_MacroVariant result = value.Evaluate(nullptr, nullptr, 0);
             value.Take(result);

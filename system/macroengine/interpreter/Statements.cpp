@@ -15,7 +15,7 @@ namespace {
 
 enum StatementCode {
     stCall = 0,
-    stLet = 1,
+    stLet = ParserTree::Statement::kLet,
     stSet = 2,
     stPrint = 3,
     stInput = 4,
@@ -66,15 +66,42 @@ void bindObject(MacroParser& processor, Node& node) {
     assignmentTarget(processor, target).SetObjectRef(object ? *object : UI_MacroVariant::Nothing());
 }
 
+/// Carries out `array(index) = simple value` if nothing of it needs a visit.
+bool storeElement(MacroParser& processor, Node* target, Node* source) {
+    Leaf leaf;
+    if (!target->Is(Kind::Object) || !isReadable(processor, source, leaf) ||
+        processor.IsInEvaluation())
+        return false;
+    Scalar number;
+    const UI_MacroVariant* text = nullptr;
+    if (!leafNumber(source, leaf, number)) {
+        text = leaf.element ? leaf.element : readScalar(*leaf.variable);
+        if (!text || text->IsEmpty())
+            return false;
+    }
+    UI_MacroVariant value;
+    if (text)
+        value = *text;
+    else
+        number.Store(value);
+    auto* element = const_cast<UI_MacroVariant*>(leafElement<true>(processor, target));
+    if (element)
+        element->Take(value);
+    return element != nullptr;
+}
+
 } // namespace
 
-/// Enter: the target of an assignment to a plain variable is passed over.
+/// Enter: the target of an assignment to a plain variable is passed over, and an element that
+/// takes a value at hand is written at once.
 Step ParserTree::Statement::OnEnter(Node& node, MacroParser& processor) {
     Node* first = node.GetFirstChild();
     if (!first)
         return OnLeave(node, processor);
     if (code == stLet && targetVariable(processor, first))
         return {first->GetNextSibling(), false};
+    if (code == stLet && storeElement(processor, first, first->GetNextSibling()))
+        return node.GetStepAfter();
     return {first, false};
 }
 

@@ -521,6 +521,8 @@ UI_MacroVariant* UI_MacroVariantParam::GetRVal() const {
 
 // --- UI_MacroVariantItemRef ----------------------------------------------------------------
 
+int UI_MacroVariantItemRef::s_LiveCount = 0;
+
 void* UI_MacroVariantItemRef::operator new(std::size_t size) {
     return SCL::cStaticAlloc().allocate(size);
 }
@@ -532,12 +534,13 @@ void UI_MacroVariantItemRef::operator delete(void* cell, std::size_t size) {
 UI_MacroVariantItemRef::UI_MacroVariantItemRef(UI_MacroVariant* element)
     : UI_MacroVariant(Role::Element), m_Element(element) {
     SCL_ASSERT(element != this, "UI_MacroVariantItemRef: an element cannot refer to itself");
+    ++s_LiveCount;
     SetDeletePending(true);
     if (element)
         UI_MacroVariant::operator=(*element);
 }
 
-UI_MacroVariantItemRef::~UI_MacroVariantItemRef() = default;
+UI_MacroVariantItemRef::~UI_MacroVariantItemRef() { --s_LiveCount; }
 
 UI_MacroVariantItemRef& UI_MacroVariantItemRef::operator=(const UI_MacroVariant& src) {
     if (UI_MacroVariant* element = m_Element)
