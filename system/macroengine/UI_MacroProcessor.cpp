@@ -8,6 +8,7 @@
 #include "language/Scanner.h"
 #include "objects/UI_MacroErr.h"
 #include "objects/UI_MacroWScript.h"
+#include "runtime/FileTable.h"
 
 MacroSupport* MacroSupport::s_Processor = nullptr;
 bool MacroSupport::s_bWaiting = false;
@@ -43,7 +44,7 @@ bool FunctionTableItem::HasBody() const {
 
 MacroSupport::MacroSupport(bool nested)
     : MacroEval(nullptr), m_Scanner(std::make_unique<MacroScanner>()),
-      m_ContextStack(std::make_unique<FrameStack>()),
+      m_ContextStack(std::make_unique<FrameStack>()), m_Files(std::make_unique<FileTable>()),
       m_RecordHook(this, &MacroSupport::OnRecord), m_Nested(nested) {
     RegisterMacroErrorTexts();
     getMap();
@@ -97,6 +98,7 @@ void MacroSupport::Reset() {
     m_Current = {nullptr, false};
     m_CurrentFunction = nullptr;
     m_Functions.RemoveAll();
+    m_Files->Clear();
     m_ContextStack->Clear();
     m_Scanner->Reset();
     pushBottomFrame();

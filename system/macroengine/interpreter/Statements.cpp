@@ -4,6 +4,7 @@
 
 #include <SCL_Assert.h>
 
+#include "interpreter/FileStatements.h"
 #include "interpreter/Leaves.h"
 #include "interpreter/ScriptExecution.h"
 #include "interpreter/Semantics.h"
@@ -115,20 +116,23 @@ Step ParserTree::Statement::OnLeave(Node& node, MacroParser& processor) {
         processor.OnErase(operand(processor, first).value);
         break;
     case stPrint:
+        printToFile(node, processor);
+        break;
     case stInput:
-    case stRandomize:
+        inputFromFile(node, processor);
+        break;
     case stClose:
+        closeFiles(node, processor);
+        break;
     case stWidth:
+        setFileWidth(node, processor);
+        break;
+    case stRandomize:
         processor.OnError(errDisabledOperation, SYS_String());
         break;
     }
     if (code != stCall)
         for (Node* child = first; child; child = child->GetNextSibling())
             processor.releaseResult(child);
-    return node.GetStepAfter();
-}
-
-Step ParserTree::OpenFile::OnLeave(Node& node, MacroParser& processor) {
-    processor.OnError(errDisabledOperation, SYS_String());
     return node.GetStepAfter();
 }
