@@ -14,10 +14,12 @@
 #include "language/Scanner.h"
 #include "objects/UI_MacroErr.h"
 #include "objects/UI_MacroWScript.h"
+#include "runtime/FileTable.h"
 
 MacroSupport* MacroSupport::s_Processor = nullptr;
 bool MacroSupport::s_bWaiting = false;
 bool MacroSupport::s_HasStatementHook = false;
+unsigned MacroSupport::s_HookChanges = 0;
 
 namespace {
 
@@ -49,8 +51,8 @@ bool FunctionTableItem::HasBody() const {
 
 MacroSupport::MacroSupport(bool nested)
     : MacroEval(nullptr), m_Scanner(std::make_unique<MacroScanner>()),
-      m_ContextStack(std::make_unique<FrameStack>()), m_RecordHook(this, &MacroSupport::OnRecord),
-      m_Nested(nested) {
+      m_ContextStack(std::make_unique<FrameStack>()), m_Files(std::make_unique<FileTable>()),
+      m_RecordHook(this, &MacroSupport::OnRecord), m_Nested(nested) {
     RegisterMacroErrorTexts();
     getMap();
     RecordEvent().AddHead(m_RecordHook);
@@ -112,6 +114,7 @@ bool MacroSupport::CallIdleHook() {
 }
 
 void MacroSupport::SetHostHooks(const MacroHostHooks& hooks) {
+    ++s_HookChanges;
     HookStore& store = processWide<HookStore>();
     auto next = std::make_unique<MacroHostHooks>(hooks);
     std::swap(store.current, next);
@@ -141,6 +144,7 @@ void MacroSupport::Reset() {
     m_Current = {nullptr, false};
     m_CurrentFunction = nullptr;
     m_Functions.RemoveAll();
+    m_Files->Clear();
     m_ContextStack->Clear();
     m_Scanner->Reset();
     pushBottomFrame();

@@ -17,8 +17,10 @@
 #include <functional>
 #include <memory>
 
+class FileTable;
 class FrameStack;
 class MacroScanner;
+class TextFile;
 class TreeBuilder;
 class UI_MacroErr;
 class UI_MacroWScript;
@@ -214,6 +216,24 @@ public:
     SYS_String GetModalContextIndent() const;
     int GetModalContextLevel() const;
 
+    // Files by number. A number that was never opened is a closed file; printing to it, reading
+    // from it and closing it do nothing.
+    /// Raises: 36 with the name if the file cannot be had in this way.
+    void OnOpen(const SYS_String& name, ParserTree::FileOpenMode mode, int stream,
+                ParserTree::FileAccessMode access, ParserTree::FileLockMode lock,
+                long recordLength);
+    void OnClose(UI_MacroVariant* numbers, long count);
+    void CloseAllFiles();
+    /// Raises: 37 for a file that is not open for printing.
+    void OnPrint(UI_MacroVariant* items, long count, int stream);
+    /// Reads one field for each target. Raises: 37 for a file that is not open for reading, 36 at
+    /// its end. Re-enters: host objects.
+    void OnInput(UI_MacroVariant* targets, long count, int stream);
+    void OnWidth(int stream, long width);
+    /// The stream of a number, made closed if there is none. Owner: the processor, to its reset.
+    TextFile& GetFile(int stream);
+    FileTable& GetFiles() const;
+
     // Services for the nodes of the tree.
     bool With(const UI_MacroVariant& object, ParserTree::Node* with, bool isDialog);
     bool WithEnd();
@@ -273,6 +293,7 @@ protected:
     static bool CallIdleHook();
     void pushBottomFrame();
     static bool s_HasStatementHook;
+    static unsigned s_HookChanges; // a type library may come and go with the hooks
     static SCC_Event<char const*>& RecordEvent();
     UI_MacroVariant* lookUpEntry(const MacroName* name) const;
     UI_MacroVariantParam* findVariable(const MacroName* name, unsigned& place) const;
@@ -301,6 +322,7 @@ protected:
     bool m_StopPending = false;
     bool m_Abandoned = false;    // the owner has gone: deleted by the outermost entry
     ParserTree::Step m_PausedAt; // the step at which the last pause happened
+    std::unique_ptr<FileTable> m_Files;
 
     // Recording.
     SCC_ObjectEventHook<MacroSupport, char const*> m_RecordHook;

@@ -497,11 +497,11 @@ public:
         place(node);
         return node;
     }
-    /// Makes a node on the line of another one.
+    /// Makes a node that a run adds to a line for a while.
     template <class N> N* CreateAt(Position* position) {
         N* node = new N;
         if (position)
-            attachToLine(node, position);
+            attachInFront(node, position);
         return node;
     }
     /// The record of a line of the current unit, made if needed; adds the node to it.
@@ -539,7 +539,9 @@ private:
     static void attachToLine(Node* node, Position* position);
     static void detachFromLine(Node* node);
     static void freeNodesOf(Position* position);
+    static void attachInFront(Node* node, Position* position);
     static void freeUnit(ScriptUnit* unit);
+    void freeUnits();
     void destroy(Node* node);
 
     MacroParser& m_Processor;

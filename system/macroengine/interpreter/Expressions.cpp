@@ -287,10 +287,10 @@ bool divideNumbers(int code, const Scalar& a, const Scalar& b, Scalar& out) {
     }
     if (code != opMod && code != opIntDivide)
         return false;
-    constexpr double kExact = 9007199254740992.0; // integers up to here are exact reals
+    constexpr double kExact = 9007199254740992.0; // integers below this are exact reals
     const double x = a.AsReal();
     const double y = b.AsReal();
-    const bool whole = x >= -kExact && x <= kExact && y >= -kExact && y <= kExact &&
+    const bool whole = x > -kExact && x < kExact && y > -kExact && y < kExact &&
                        x == static_cast<double>(static_cast<__int64>(x)) &&
                        y == static_cast<double>(static_cast<__int64>(y));
     if (!whole || y == 0)

@@ -156,7 +156,18 @@ inline bool isOnlyRead(Node& exec) {
                ParserTree::Statement::kLet;
 }
 
-/// The cell of an operand; a leaf that was not visited gets one now.
+/// The variable of a name that was passed over. It was one when it was passed over, whatever has
+/// become of the tables of names since. Raises: 46 without a frame.
+inline UI_MacroVariantParam& passedVariable(MacroParser& processor, Node* node) {
+    auto* object = static_cast<ParserTree::NodeImpl<ParserTree::Object, false>*>(node);
+    UI_MacroVariantParam* variable = processor.getExecutionStackVar(
+        object->interned, object->name, object->cachedIndex);
+    if (!variable)
+        processor.OnError(errInternal, SYS_String());
+    return *variable;
+}
+
+/// The cell of an operand; one that was passed over gets its cell now.
 inline Cell& leafOperand(MacroParser& processor, Node* node) {
     auto* slots = node->GetResult();
     Cell* cell = slots ? slots->GetTop() : nullptr;
@@ -164,13 +175,13 @@ inline Cell& leafOperand(MacroParser& processor, Node* node) {
         return *cell;
     Cell& made = operand(processor, node);
     Leaf leaf;
-    if (!isReadable(processor, node, leaf))
-        return made;
-    if (leaf.variable) {
-        made.value.SetLValueVal(leaf.variable);
-    } else if (leaf.element) {
-        made.value = *leaf.element;
-    } else {
+    if (node->Is(Kind::ObjectExec)) {
+        Node* name = node->GetFirstChild();
+        if (!name->GetFirstChild())
+            made.value.SetLValueVal(&passedVariable(processor, name));
+        else if (isReadable(processor, node, leaf) && leaf.element)
+            made.value = *leaf.element;
+    } else if (isLeaf(processor, node, leaf)) {
         Scalar number;
         leafNumber(node, leaf, number);
         number.Store(made.value);

@@ -125,6 +125,11 @@ ParserTree::Step MacroParser::EnterProcedure(ParserTree::Node& call, ParserTree:
     FunctionNode* function = item->GetDeclaration();
     refreshLayout(*function);
 
+    // The arguments are bound first: if that fails, nothing of the call remains, and the error is
+    // one of the calling line.
+    auto frame = std::make_unique<ExecutionContext>();
+    bindArguments(*function, *frame, target.value);
+
     auto block = std::make_unique<ContextBlock>();
     block->kind = ContextBlock::kCall;
     block->line = function->GetPosition();
@@ -133,17 +138,13 @@ ParserTree::Step MacroParser::EnterProcedure(ParserTree::Node& call, ParserTree:
     block->name = function->name;
     if (function->GetPosition())
         SwitchUnit(function->GetPosition()->script);
-
-    auto frame = std::make_unique<ExecutionContext>();
     frame->m_Source = m_Source;
     frame->m_Name = function->name;
     frame->m_Position = function->GetLine();
     frame->m_Function = function;
     frame->PushBlock(block.release());
-    ExecutionContext* pushed = frame.get();
     m_ContextStack->Push(frame.release());
     m_CurrentFunction = function;
-    bindArguments(*function, *pushed, target.value);
     ExecutionContext::FreeCell(&target);
     return {function, false};
 }

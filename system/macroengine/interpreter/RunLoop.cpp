@@ -61,6 +61,7 @@ MacroPlaybackResult MacroParser::Finish() {
     m_Current = {nullptr, false};
     if (IsInEvaluation())
         return pbFinished;
+    CloseAllFiles();
     if (m_ExecutionMode != emStopped)
         m_ExecutionMode = emFinished;
     return pbFinished;
@@ -108,6 +109,8 @@ void MacroParser::endCall(bool failed) {
     if (m_PlaybackDepth > 0)
         return;
     m_Current = {nullptr, false};
+    if (!failed)
+        CloseAllFiles();
     if (m_ExecutionMode != emStopped && (!m_Parent || failed))
         m_ExecutionMode = emFinished;
 }

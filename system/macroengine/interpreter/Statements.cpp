@@ -4,6 +4,7 @@
 
 #include <SCL_Assert.h>
 
+#include "interpreter/FileStatements.h"
 #include "interpreter/Leaves.h"
 #include "interpreter/ScriptExecution.h"
 #include "interpreter/Semantics.h"
@@ -39,12 +40,12 @@ UI_MacroVariantParam* targetVariable(MacroParser& processor, Node* target) {
 }
 
 UI_MacroVariant& assignmentTarget(MacroParser& processor, Node* target) {
-    if (!processor.findResult(target))
-        if (UI_MacroVariantParam* variable = targetVariable(processor, target)) {
-            if (LeadsToConstant(*variable))
-                refuseAssignment(processor, target);
-            return *variable;
-        }
+    if (!processor.findResult(target) && target->Is(Kind::Object) && !target->GetFirstChild()) {
+        UI_MacroVariantParam& variable = passedVariable(processor, target);
+        if (LeadsToConstant(variable))
+            refuseAssignment(processor, target);
+        return variable;
+    }
     UI_MacroVariant& value = operand(processor, target).value;
     if (value.GetType() == vvtFunction || LeadsToConstant(value))
         refuseAssignment(processor, target);
@@ -130,20 +131,23 @@ Step ParserTree::Statement::OnLeave(Node& node, MacroParser& processor) {
         processor.OnErase(operand(processor, first).value);
         break;
     case stPrint:
+        printToFile(node, processor);
+        break;
     case stInput:
-    case stRandomize:
+        inputFromFile(node, processor);
+        break;
     case stClose:
+        closeFiles(node, processor);
+        break;
     case stWidth:
+        setFileWidth(node, processor);
+        break;
+    case stRandomize:
         processor.OnError(errDisabledOperation, SYS_String());
         break;
     }
     if (code != stCall)
         for (Node* child = first; child; child = child->GetNextSibling())
             processor.releaseResult(child);
-    return node.GetStepAfter();
-}
-
-Step ParserTree::OpenFile::OnLeave(Node& node, MacroParser& processor) {
-    processor.OnError(errDisabledOperation, SYS_String());
     return node.GetStepAfter();
 }

@@ -6,11 +6,33 @@
 
 #include <iterator>
 
+#include "runtime/SystemFunctions.h"
+
 const MacroSupport::FuncNode MacroSupport::s_Functions[] = {
     {"Len", MacroLen},
     {"Abs", MacroAbs},
     {"CStr", MacroCStr},
     {"TypeName", MacroTypeName},
+
+    // System, files and objects.
+    {"Command", MacroCommand},
+    {"CreateObject", MacroCreateObject},
+    {"CurDir", MacroCurDir},
+    {"Dir", MacroDir},
+    {"DoEvents", MacroDoEvents},
+    {"Environ", MacroEnviron},
+    {"EOF", MacroEOF},
+    {"GetObject", MacroGetObject},
+    {"GetRef", MacroGetRef},
+    {"GetTmpFileName", MacroGetTmpFileName},
+    {"LoadImage", MacroLoadImage},
+    {"MkDir", MacroMkDir},
+    {"MoveFile", MacroMoveFile},
+    {"MsgBox", MacroMsgBox},
+    {"ScriptEngine", MacroScriptEngine},
+    {"ScriptEngineBuildVersion", MacroScriptEngineBuildVersion},
+    {"ScriptEngineMajorVersion", MacroScriptEngineMajorVersion},
+    {"ScriptEngineMinorVersion", MacroScriptEngineMinorVersion},
 };
 
 SCC_SharedPointer<MacroEval::Map> MacroSupport::InitFunctionsMap() {
