@@ -410,13 +410,38 @@ UI_MacroVariant* prefixObject(MacroParser& processor, UI_MacroVariant& prefix) {
     return nullptr;
 }
 
+/// Whether nothing but operators, literals, variables and elements stands below the node.
+bool isHarmless(MacroParser& processor, Node* root) {
+    for (Node* at = root;;) {
+        if (at->Is(Kind::Object)) {
+            auto* object = static_cast<ParserTree::NodeImpl<ParserTree::Object, false>*>(at);
+            if (!object->IsOwnVariable(*at, processor))
+                return false;
+        }
+        if (at->GetFirstChild()) {
+            at = at->GetFirstChild();
+            continue;
+        }
+        while (at != root && !at->GetNextSibling())
+            at = at->GetParent();
+        if (at == root)
+            return true;
+        at = at->GetNextSibling();
+    }
+}
+
+/// Whether the element may be taken as a value instead of a Reference to it. A Reference needs an
+/// array of its own, so a shared one would be copied for nothing.
+bool mayReadElement(MacroParser& processor, Node& exec, const UI_MacroVariant& array) {
+    if (isOnlyRead(exec))
+        return true;
+    return array.Arrval().IsShared() && exec.Is(Kind::ObjectExec) &&
+           exec.GetParent()->Is(Kind::BinaryOp) && isHarmless(processor, exec.GetNextSibling());
+}
+
 /// The simple element that computed indices select, without a Reference to it.
-const UI_MacroVariant* readElement(const UI_MacroVariant& variable, UI_MacroVariant* args,
-                                   int argc) {
-    const UI_MacroVariant* array = readArray(variable);
-    if (!array)
-        return nullptr;
-    return selectElement<false>(*array, argc, [&](int& index) {
+const UI_MacroVariant* readElement(const UI_MacroVariant& array, UI_MacroVariant* args, int argc) {
+    return selectElement<false>(array, argc, [&](int& index) {
         const UI_MacroVariant* value = readScalar(args[--argc]);
         Scalar number;
         return value && readNumber(*value, number) && toIndex(number, index);
@@ -430,6 +455,15 @@ void ParserTree::Object::learn(Node& node, MacroParser& processor) {
     isOwnName = processor.IsOwnName(interned, procedure);
     isPlainVariable = isOwnName && !procedure && !isCall && !node.GetFirstChild();
     cachedNames = processor.GetNamesState();
+}
+
+bool ParserTree::Object::IsOwnVariable(Node& node, MacroParser& processor) {
+    const Node* child = node.GetFirstChild();
+    if (hasDot || (child && child->Is(Kind::ObjectExec)))
+        return false; // a member
+    if (cachedNames != processor.GetNamesState())
+        learn(node, processor);
+    return isOwnName && !procedure;
 }
 
 /// A name that is a procedure or a variable: the call, the variable, or its element.
@@ -451,9 +485,11 @@ Step ParserTree::Object::resolveOwnName(Node& node, MacroParser& processor, Cell
         } else {
             UI_MacroVariant* args =
                 argc ? list->value.Arrval().WritableData() : &UI_MacroVariant::Null();
+            const UI_MacroVariant* array = argc ? readArray(*variable) : nullptr;
             const UI_MacroVariant* element =
-                argc && isOnlyRead(*node.GetParent())
-                    ? readElement(*variable, args, argc) : nullptr;
+                array && mayReadElement(processor, *node.GetParent(), *array)
+                    ? readElement(*array, args, argc)
+                    : nullptr;
             UI_MacroVariant result =
                 element ? UI_MacroVariant(*element)
                         : processor.evaluateDeref(
