@@ -40,7 +40,7 @@ BENCHMARK(parseText)->Name("engine/parse 4000 lines");
 
 std::string loopOver(const std::string& statement, int turns) {
     return "Function two(a, ByVal b)\n Dim c\n c = a + b\n two = c\nEnd Function\n"
-           "Dim list(9)\nn = 0\nx = 0\nWhile n < " + std::to_string(turns) + "\n n = n + 1\n" + statement +
+           "Dim list(9)\nlist(2) = 2\nn = 0\nx = 0\nWhile n < " + std::to_string(turns) + "\n n = n + 1\n" + statement +
            "\nWend\n";
 }
 

@@ -96,30 +96,25 @@ TEST_F(HostCallbacksTest, AnObjectUnregistersItselfInItsGetter) {
 
 TEST_F(HostCallbacksTest, AnObjectIsDestroyedInItsOwnMember) {
     gadget->onAct = [this](int, UI_MacroVariant*) { return drop(); };
-    EXPECT_EQ(run("Set g = Gadget\nLog.Act g.Act(g, 2)\ng.Act"),
-              "dropped Object required");
+    EXPECT_EQ(run("Set g = Gadget\nLog.Act g.Act(g, 2)\ng.Act"), "dropped Object required");
     SetUp();
     gadget->onGet = [this](int, UI_MacroVariant*) { return drop(); };
     EXPECT_EQ(run("Set g = Gadget\nx = g.Value & \"!\"\nLog.Act x\nx = g.Value"),
               "dropped! Object required");
     SetUp();
     gadget->onSet = [this](int, UI_MacroVariant*) { return drop(); };
-    EXPECT_EQ(run("Set g = Gadget\ng.Value = 3\nLog.Act 1\ng.Value = 4"),
-              "1 Object required");
+    EXPECT_EQ(run("Set g = Gadget\ng.Value = 3\nLog.Act 1\ng.Value = 4"), "1 Object required");
 }
 
 TEST_F(HostCallbacksTest, AnObjectIsDestroyedWhileTheMacroUsesIt) {
     other->onAct = [this](int, UI_MacroVariant*) { return drop(); };
-    EXPECT_EQ(run("With Gadget\nOther.Act\nLog.Act 1\n.Act\nEnd With"),
-              "1 Error: Unknown error: ");
+    EXPECT_EQ(run("With Gadget\nOther.Act\nLog.Act 1\n.Act\nEnd With"), "1 Error: Unknown error: ");
     SetUp();
     other->onAct = [this](int, UI_MacroVariant*) { return drop(); };
-    EXPECT_EQ(run("Log.Act Other.Act(Gadget, 1), Other.Act(Gadget, 2)"),
-              "dropped dropped ");
+    EXPECT_EQ(run("Log.Act Other.Act(Gadget, 1), Other.Act(Gadget, 2)"), "dropped dropped ");
     SetUp();
     other->onAct = [this](int, UI_MacroVariant*) { return drop(); };
-    EXPECT_EQ(run("Sub s(g)\nOther.Act\nLog.Act 1\ng.Act\nEnd Sub\ns Gadget"),
-              "1 Object required");
+    EXPECT_EQ(run("Sub s(g)\nOther.Act\nLog.Act 1\ng.Act\nEnd Sub\ns Gadget"), "1 Object required");
     SetUp();
     other->onAct = [this](int, UI_MacroVariant*) { return drop(); };
     EXPECT_EQ(run("Dim list(1)\nSet list(0) = Gadget\nSet list(1) = Other\n"
@@ -206,9 +201,7 @@ TEST_F(HostCallbacksTest, AMacroRunsInsideAMacro) {
 }
 
 TEST_F(HostCallbacksTest, TheRunningMacroItselfCannotBeStartedAgain) {
-    gadget->onAct = [this](int, UI_MacroVariant*) {
-        return macro.ExecuteMacroString("Log.Act 9");
-    };
+    gadget->onAct = [this](int, UI_MacroVariant*) { return macro.ExecuteMacroString("Log.Act 9"); };
     EXPECT_EQ(run("Log.Act 1\nGadget.Act\nLog.Act 2"), "1 Error: Illegal nesting: ");
 }
 

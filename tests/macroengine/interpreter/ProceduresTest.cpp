@@ -42,22 +42,21 @@ TEST_P(WrongUse, GivesTheErrorAndLeavesAUsableProcessor) {
 
 INSTANTIATE_TEST_SUITE_P(
     Arguments, WrongUse,
-    ::testing::Values(BadMacro{"Sub s(a)\nEnd Sub\ns 1, 2", 2, kInternal},
-                      BadMacro{"Sub s(a)\nEnd Sub\ns", 2, kInternal},
-                      BadMacro{"Sub s\nEnd Sub\ns()\ns(1)", 3, kInternal},
-                      BadMacro{"Function f(a, b)\nEnd Function\nx = 1 + f(1)", 2, kInternal},
-                      BadMacro{"Sub s(a())\nEnd Sub\ns 1", 2, kInternal},
-                      BadMacro{"Sub s(a())\nEnd Sub\nDim x\ns x", 3, kInternal},
-                      BadMacro{"Sub s(ByVal a())\nEnd Sub\ns Null", 2, kInternal},
-                      BadMacro{"Sub s(a)\nEnd Sub\nx = Null\ns x", 3, kInternal},
-                      BadMacro{"Sub s(ByVal a)\na = a + 1\nEnd Sub\ns Null", 1,
-                               "Error: Object is nothing: "},
-                      BadMacro{"Sub s(a)\na(1) = 2\nEnd Sub\ns 5", 1,
-                               "Object doesn't support this property or method: 'a'"},
-                      BadMacro{"nobody 1", 0,
-                               "Object doesn't support this property or method: 'nobody'"},
-                      BadMacro{"x = 2 + nobody(1)", 0,
-                               "Object doesn't support this property or method: 'nobody'"}));
+    ::testing::Values(
+        BadMacro{"Sub s(a)\nEnd Sub\ns 1, 2", 2, kInternal},
+        BadMacro{"Sub s(a)\nEnd Sub\ns", 2, kInternal},
+        BadMacro{"Sub s\nEnd Sub\ns()\ns(1)", 3, kInternal},
+        BadMacro{"Function f(a, b)\nEnd Function\nx = 1 + f(1)", 2, kInternal},
+        BadMacro{"Sub s(a())\nEnd Sub\ns 1", 2, kInternal},
+        BadMacro{"Sub s(a())\nEnd Sub\nDim x\ns x", 3, kInternal},
+        BadMacro{"Sub s(ByVal a())\nEnd Sub\ns Null", 2, kInternal},
+        BadMacro{"Sub s(a)\nEnd Sub\nx = Null\ns x", 3, kInternal},
+        BadMacro{"Sub s(ByVal a)\na = a + 1\nEnd Sub\ns Null", 1, "Error: Object is nothing: "},
+        BadMacro{"Sub s(a)\na(1) = 2\nEnd Sub\ns 5", 1,
+                 "Object doesn't support this property or method: 'a'"},
+        BadMacro{"nobody 1", 0, "Object doesn't support this property or method: 'nobody'"},
+        BadMacro{"x = 2 + nobody(1)", 0,
+                 "Object doesn't support this property or method: 'nobody'"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Arrays, WrongUse,
@@ -82,18 +81,17 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Targets, WrongUse,
-    ::testing::Values(BadMacro{"Sub s\nEnd Sub\ns = 3", 2, "Illegal assignment: 's'"},
-                      BadMacro{"Sub s\nEnd Sub\nSet s = Nothing", 2, "Illegal assignment: 's'"},
-                      BadMacro{"Const c = 1\nc = 2", 1, "Illegal assignment: 'c'"},
-                      BadMacro{"Const c = 1\nSet c = Result", 1, "Illegal assignment: 'c'"},
-                      BadMacro{"Const c = 1\nFor c = 1 To 2\nNext", 1, "Illegal assignment: 'c'"},
-                      BadMacro{"Dim Len\nLen = 1", 1, "Illegal assignment: 'Len'"},
-                      BadMacro{"Null = 3", 0, "Illegal assignment: 'Null'"},
-                      BadMacro{"Set Nothing = Result", 0, "Illegal assignment: 'Nothing'"},
-                      BadMacro{"Set x = Nothing\nSet x = x", 1,
-                               "Error: Cannot set a variable to itself: "},
-                      BadMacro{"Result.Pages = 3", 0,
-                               "Object does not support this property or method"}));
+    ::testing::Values(
+        BadMacro{"Sub s\nEnd Sub\ns = 3", 2, "Illegal assignment: 's'"},
+        BadMacro{"Sub s\nEnd Sub\nSet s = Nothing", 2, "Illegal assignment: 's'"},
+        BadMacro{"Const c = 1\nc = 2", 1, "Illegal assignment: 'c'"},
+        BadMacro{"Const c = 1\nSet c = Result", 1, "Illegal assignment: 'c'"},
+        BadMacro{"Const c = 1\nFor c = 1 To 2\nNext", 1, "Illegal assignment: 'c'"},
+        BadMacro{"Dim Len\nLen = 1", 1, "Illegal assignment: 'Len'"},
+        BadMacro{"Null = 3", 0, "Illegal assignment: 'Null'"},
+        BadMacro{"Set Nothing = Result", 0, "Illegal assignment: 'Nothing'"},
+        BadMacro{"Set x = Nothing\nSet x = x", 1, "Error: Cannot set a variable to itself: "},
+        BadMacro{"Result.Pages = 3", 0, "Object does not support this property or method"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Names, WrongUse,
