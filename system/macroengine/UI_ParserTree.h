@@ -471,6 +471,8 @@ public:
         bool isPlainVariable = false; // no procedure either, and it is neither called nor indexed
         const FunctionTableItem* procedure = nullptr; // of that name, a variable may hide it
         Step OnLeave(Node& node, MacroParser& processor);
+        /// Whether the name can mean nothing but a variable, for now.
+        bool IsOwnVariable(Node& node, MacroParser& processor);
 
     private:
         Step resolveOwnName(Node& node, MacroParser& processor, Cell* list);
