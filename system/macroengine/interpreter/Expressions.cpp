@@ -14,6 +14,7 @@
 #include "engine/TypeLibrary.h"
 #include "interpreter/Leaves.h"
 #include "interpreter/Semantics.h"
+#include "runtime/FunctionTable.h"
 #include "values/CopyOut.h"
 #include "values/FastPath.h"
 
@@ -488,6 +489,9 @@ Step ParserTree::ObjectExec::OnLeave(Node& node, MacroParser& processor) {
     case vvtFunction:
         if (!value.GetFunctionHandler())
             return processor.EnterProcedure(node, cell);
+        if (processor.GetExecutionMode() == MacroSupport::emEvalPure &&
+            IsMacroAction(value.GetFunctionHandler()))
+            processor.OnError(errInternal, SYS_String());
         {
             UI_MacroVariant result = value.Evaluate(nullptr, nullptr, 0);
             value.Take(result);

@@ -114,9 +114,11 @@ Step ParserTree::Statement::OnLeave(Node& node, MacroParser& processor) {
     case stErase:
         processor.OnErase(operand(processor, first).value);
         break;
+    case stRandomize:
+        processor.OnRandomize(&operand(processor, first).value);
+        break;
     case stPrint:
     case stInput:
-    case stRandomize:
     case stClose:
     case stWidth:
         processor.OnError(errDisabledOperation, SYS_String());

@@ -4,14 +4,27 @@
 
 #include <UI_MacroProcessor.h>
 
-#include <iterator>
-
 const MacroSupport::FuncNode MacroSupport::s_Functions[] = {
-    {"Len", MacroLen},
-    {"Abs", MacroAbs},
-    {"CStr", MacroCStr},
-    {"TypeName", MacroTypeName},
+#define MACRO_FUNCTION(name) {#name, Macro##name},
+#define MACRO_ACTION(name) {#name, Macro##name},
+#include "runtime/Functions.def"
+#undef MACRO_ACTION
+#undef MACRO_FUNCTION
 };
+
+bool IsMacroAction(MacroFunctionHandler handler) {
+    constexpr MacroFunctionHandler actions[] = {
+#define MACRO_FUNCTION(name)
+#define MACRO_ACTION(name) Macro##name,
+#include "runtime/Functions.def"
+#undef MACRO_ACTION
+#undef MACRO_FUNCTION
+    };
+    for (MacroFunctionHandler action : actions)
+        if (handler == action)
+            return true;
+    return false;
+}
 
 SCC_SharedPointer<MacroEval::Map> MacroSupport::InitFunctionsMap() {
     SCC_SharedPointer<Map> map(new Map);
