@@ -7,15 +7,16 @@ class MacroRandom {
 public:
     static MacroRandom& Instance();
 
+    /// As if seeded with 1, and one number given already.
+    MacroRandom() { Next(); }
+
     void Seed(int seed) { m_State = static_cast<std::uint32_t>(seed); }
     /// A new number from 0 to below 1, in steps of 1/32768.
     double Next();
-    /// The number given last; there is always one.
-    double Last();
+    /// The number given last.
+    double Last() const { return m_Last; }
 
 private:
-    double draw();
-
     std::uint64_t m_State = 1;
-    double m_Last = -1; // below 0: none yet
+    double m_Last = 0;
 };
