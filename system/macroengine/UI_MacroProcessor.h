@@ -240,6 +240,8 @@ public:
     int BreakLoop(int kind);
     int PopContextUpToPosition(int position);
     void OnErase(UI_MacroVariant& value);
+    /// Starts the random numbers anew; null is the seed 1.
+    void OnRandomize(UI_MacroVariant* seed);
 
     /// The cell of a node for the top frame, made if it has none; null without a frame.
     ParserTree::Cell* getResultVal(ParserTree::Node* node);

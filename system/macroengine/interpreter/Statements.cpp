@@ -130,6 +130,9 @@ Step ParserTree::Statement::OnLeave(Node& node, MacroParser& processor) {
     case stErase:
         processor.OnErase(operand(processor, first).value);
         break;
+    case stRandomize:
+        processor.OnRandomize(&operand(processor, first).value);
+        break;
     case stPrint:
         printToFile(node, processor);
         break;
@@ -141,9 +144,6 @@ Step ParserTree::Statement::OnLeave(Node& node, MacroParser& processor) {
         break;
     case stWidth:
         setFileWidth(node, processor);
-        break;
-    case stRandomize:
-        processor.OnError(errDisabledOperation, SYS_String());
         break;
     }
     if (code != stCall)

@@ -4,36 +4,27 @@
 
 #include <UI_MacroProcessor.h>
 
-#include <iterator>
-
-#include "runtime/SystemFunctions.h"
-
 const MacroSupport::FuncNode MacroSupport::s_Functions[] = {
-    {"Len", MacroLen},
-    {"Abs", MacroAbs},
-    {"CStr", MacroCStr},
-    {"TypeName", MacroTypeName},
-
-    // System, files and objects.
-    {"Command", MacroCommand},
-    {"CreateObject", MacroCreateObject},
-    {"CurDir", MacroCurDir},
-    {"Dir", MacroDir},
-    {"DoEvents", MacroDoEvents},
-    {"Environ", MacroEnviron},
-    {"EOF", MacroEOF},
-    {"GetObject", MacroGetObject},
-    {"GetRef", MacroGetRef},
-    {"GetTmpFileName", MacroGetTmpFileName},
-    {"LoadImage", MacroLoadImage},
-    {"MkDir", MacroMkDir},
-    {"MoveFile", MacroMoveFile},
-    {"MsgBox", MacroMsgBox},
-    {"ScriptEngine", MacroScriptEngine},
-    {"ScriptEngineBuildVersion", MacroScriptEngineBuildVersion},
-    {"ScriptEngineMajorVersion", MacroScriptEngineMajorVersion},
-    {"ScriptEngineMinorVersion", MacroScriptEngineMinorVersion},
+#define MACRO_FUNCTION(name) {#name, Macro##name},
+#define MACRO_ACTION(name) {#name, Macro##name},
+#include "runtime/Functions.def"
+#undef MACRO_ACTION
+#undef MACRO_FUNCTION
 };
+
+bool IsMacroAction(MacroFunctionHandler handler) {
+    constexpr MacroFunctionHandler actions[] = {
+#define MACRO_FUNCTION(name)
+#define MACRO_ACTION(name) Macro##name,
+#include "runtime/Functions.def"
+#undef MACRO_ACTION
+#undef MACRO_FUNCTION
+    };
+    for (MacroFunctionHandler action : actions)
+        if (handler == action)
+            return true;
+    return false;
+}
 
 SCC_SharedPointer<MacroEval::Map> MacroSupport::InitFunctionsMap() {
     SCC_SharedPointer<Map> map(new Map);

@@ -3,7 +3,7 @@
 #include "objects/ImageFile.h"
 #include "objects/UI_MacroImage.h"
 #include "runtime/OuterWorld.h"
-#include "runtime/SystemFunctions.h"
+#include "runtime/FunctionTable.h"
 
 // A macro cannot trap errors, so an object that cannot be had is Empty, which a macro can test.
 

@@ -1,4 +1,4 @@
-#include "runtime/SystemFunctions.h"
+#include "runtime/FunctionTable.h"
 
 #include <Platform.h>
 #include <SCL_Assert.h>

@@ -175,11 +175,11 @@ TEST_F(Mcr, ShowsTheTreeWithoutRunning) {
 // Procedures with arguments are called with the rest of the command line as strings.
 TEST_F(Mcr, CallsOneProcedure) {
     const std::string path = write("call.mcr", "Console.WriteLine \"not run\"\n"
-                                               "Function join(a, b)\n"
-                                               " join = a & \"+\" & b & TypeName(b)\n"
+                                               "Function paste(a, b)\n"
+                                               " paste = a & \"+\" & b & TypeName(b)\n"
                                                "End Function\n"
                                                "Sub quiet()\nEnd Sub\n");
-    const ProgramResult result = mcr({"run", path, "--call", "join", "1", "--call"});
+    const ProgramResult result = mcr({"run", path, "--call", "paste", "1", "--call"});
     EXPECT_EQ(result.out, "1+--callString\n");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(mcr({"run", path, "--call", "quiet"}).out, "");

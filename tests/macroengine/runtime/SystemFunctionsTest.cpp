@@ -1,6 +1,6 @@
 // The functions that reach beyond the macro.
 
-#include "runtime/SystemFunctions.h"
+#include "runtime/FunctionTable.h"
 #include "macroengine/runtime/MacroRun.h"
 #include "system/platform/TestPlatform.h"
 
