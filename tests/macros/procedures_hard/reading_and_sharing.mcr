@@ -47,8 +47,8 @@ End Sub
 list(0) = grid : list(0) = list
 nestedCopy list : Console.WriteLine list(0)(1), " ", list(0)(2)
 ' Names that change their meaning while the same line runs again.
-For round = 1 To 2
-    If round = 2 Then late = "variable"
+For turn = 1 To 2
+    If turn = 2 Then late = "variable"
     Console.Write "late ", late, " "
 Next
 Console.WriteLine
