@@ -40,8 +40,8 @@ BENCHMARK(parseText)->Name("engine/parse 4000 lines");
 
 std::string loopOver(const std::string& statement, int turns) {
     return "Function two(a, ByVal b)\n Dim c\n c = a + b\n two = c\nEnd Function\n"
-           "Dim list(9)\nlist(2) = 2\nn = 0\nx = 0\nWhile n < " + std::to_string(turns) + "\n n = n + 1\n" + statement +
-           "\nWend\n";
+           "Dim list(9)\nlist(2) = 2\nn = 0\nx = 0\nWhile n < " +
+           std::to_string(turns) + "\n n = n + 1\n" + statement + "\nWend\n";
 }
 
 // The time of one turn of a counting loop with this statement in it, and how many allocations a

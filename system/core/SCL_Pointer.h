@@ -128,7 +128,7 @@ private:
 } // namespace kel_ns::SCL
 
 namespace kel_ns {
-using SCL::SCL_Pointer;
 using SCL::iRefCounted;
+using SCL::SCL_Pointer;
 using SCL::tRefCounted;
-}
+} // namespace kel_ns

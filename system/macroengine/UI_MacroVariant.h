@@ -265,13 +265,11 @@ public:
     UI_MacroVariant operator||(const UI_MacroVariant& rhs) const;
     // Literals on the right would otherwise also suit the operators of the language of the host.
     template <class T>
-        requires std::is_arithmetic_v<T>
-    UI_MacroVariant operator&&(T rhs) const {
+    requires std::is_arithmetic_v<T> UI_MacroVariant operator&&(T rhs) const {
         return *this && UI_MacroVariant(rhs);
     }
     template <class T>
-        requires std::is_arithmetic_v<T>
-    UI_MacroVariant operator||(T rhs) const {
+    requires std::is_arithmetic_v<T> UI_MacroVariant operator||(T rhs) const {
         return *this || UI_MacroVariant(rhs);
     }
     UI_MacroVariant operator==(const UI_MacroVariant& rhs) const;

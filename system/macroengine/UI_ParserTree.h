@@ -466,8 +466,8 @@ public:
         bool isCall = false;
         // Cache of what the name means, while the name tables keep the state it was filled in.
         unsigned cachedNames = 0;
-        unsigned cachedIndex = 0;   // place of the variable in its frame
-        bool isOwnName = false;     // no object or built-in has the name
+        unsigned cachedIndex = 0;     // place of the variable in its frame
+        bool isOwnName = false;       // no object or built-in has the name
         bool isPlainVariable = false; // no procedure either, and it is neither called nor indexed
         const FunctionTableItem* procedure = nullptr; // of that name, a variable may hide it
         Step OnLeave(Node& node, MacroParser& processor);

@@ -8,7 +8,8 @@
 #include "engine/TypeLibrary.h"
 
 unsigned MacroSupport::GetNamesState() const {
-    return s_HookChanges + GetPMap()->GetChanges() + functionsMap()->GetChanges() + m_Functions.GetChanges();
+    return s_HookChanges + GetPMap()->GetChanges() + functionsMap()->GetChanges() +
+           m_Functions.GetChanges();
 }
 
 bool MacroSupport::IsOwnName(const MacroName* name, const FunctionTableItem*& procedure) const {

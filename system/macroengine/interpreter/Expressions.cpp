@@ -187,23 +187,7 @@ UI_MacroVariant compute(MacroParser& processor, int code, UI_MacroVariant& left,
     return UI_MacroVariant();
 }
 
-bool computeIntegers(int code, __int64 x, __int64 y, Scalar& out) {
-    const auto ux = static_cast<unsigned long long>(x);
-    const auto uy = static_cast<unsigned long long>(y);
-    out.type = vvtInteger;
-    switch (code) {
-    case opAdd:
-        out.integer = static_cast<__int64>(ux + uy);
-        return true;
-    case opSubtract:
-        out.integer = static_cast<__int64>(ux - uy);
-        return true;
-    case opMultiply:
-        out.integer = static_cast<__int64>(ux * uy);
-        return true;
-    default:
-        break;
-    }
+template <class T> bool compareNumbers(int code, T x, T y, Scalar& out) {
     out.type = vvtBoolean;
     switch (code) {
     case opEqual:
@@ -230,6 +214,25 @@ bool computeIntegers(int code, __int64 x, __int64 y, Scalar& out) {
     }
 }
 
+bool computeIntegers(int code, __int64 x, __int64 y, Scalar& out) {
+    const auto ux = static_cast<unsigned long long>(x);
+    const auto uy = static_cast<unsigned long long>(y);
+    out.type = vvtInteger;
+    switch (code) {
+    case opAdd:
+        out.integer = static_cast<__int64>(ux + uy);
+        return true;
+    case opSubtract:
+        out.integer = static_cast<__int64>(ux - uy);
+        return true;
+    case opMultiply:
+        out.integer = static_cast<__int64>(ux * uy);
+        return true;
+    default:
+        return compareNumbers(code, x, y, out);
+    }
+}
+
 bool computeReals(int code, double x, double y, Scalar& out) {
     out.type = vvtDouble;
     switch (code) {
@@ -243,31 +246,7 @@ bool computeReals(int code, double x, double y, Scalar& out) {
         out.real = x * y;
         return true;
     default:
-        break;
-    }
-    out.type = vvtBoolean;
-    switch (code) {
-    case opEqual:
-    case opEqv:
-        out.integer = x == y;
-        return true;
-    case opNotEqual:
-        out.integer = x != y;
-        return true;
-    case opLess:
-        out.integer = x < y;
-        return true;
-    case opLessEqual:
-        out.integer = x <= y;
-        return true;
-    case opGreater:
-        out.integer = x > y;
-        return true;
-    case opGreaterEqual:
-        out.integer = x >= y;
-        return true;
-    default:
-        return false;
+        return compareNumbers(code, x, y, out);
     }
 }
 

@@ -49,8 +49,7 @@ inline UI_MacroVariantParam* findVariable(MacroParser& processor, ParserTree::Ob
     if (UI_MacroVariantParam* local = top->m_Variables.Find(object.interned, object.cachedIndex))
         return local;
     ExecutionContext* bottom = processor.GetFrames().Bottom();
-    return bottom == top ? nullptr
-                         : bottom->m_Variables.Find(object.interned, object.cachedIndex);
+    return bottom == top ? nullptr : bottom->m_Variables.Find(object.interned, object.cachedIndex);
 }
 
 /// The existing variable that a name stands for; null if the name may mean anything else.
@@ -110,8 +109,7 @@ inline bool leafNumber(Node* node, const Leaf& leaf, Scalar& out) {
 }
 
 /// The simple element that a name with indices stands for, if all indices are leaves.
-template <bool ForWriting>
-const UI_MacroVariant* leafElement(MacroParser& processor, Node* node) {
+template <bool ForWriting> const UI_MacroVariant* leafElement(MacroParser& processor, Node* node) {
     auto* object = static_cast<ParserTree::NodeImpl<ParserTree::Object, false>*>(node);
     Node* list = node->GetFirstChild();
     if (!list || !object->isOwnName || object->procedure || object->isCall ||
@@ -160,8 +158,8 @@ inline bool isOnlyRead(Node& exec) {
 /// become of the tables of names since. Raises: 46 without a frame.
 inline UI_MacroVariantParam& passedVariable(MacroParser& processor, Node* node) {
     auto* object = static_cast<ParserTree::NodeImpl<ParserTree::Object, false>*>(node);
-    UI_MacroVariantParam* variable = processor.getExecutionStackVar(
-        object->interned, object->name, object->cachedIndex);
+    UI_MacroVariantParam* variable =
+        processor.getExecutionStackVar(object->interned, object->name, object->cachedIndex);
     if (!variable)
         processor.OnError(errInternal, SYS_String());
     return *variable;

@@ -6,9 +6,7 @@
 /// outermost entry ends, and so does the end of a processor whose owner has gone.
 class EntryGuard {
 public:
-    explicit EntryGuard(MacroSupport& processor) : m_Processor(processor) {
-        ++processor.m_Entries;
-    }
+    explicit EntryGuard(MacroSupport& processor) : m_Processor(processor) { ++processor.m_Entries; }
     EntryGuard(const EntryGuard&) = delete;
     EntryGuard& operator=(const EntryGuard&) = delete;
     ~EntryGuard();

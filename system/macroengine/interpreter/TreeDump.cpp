@@ -1,8 +1,8 @@
 #include "interpreter/TreeDump.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
-#include <algorithm>
 #include <iterator>
 #include <string_view>
 

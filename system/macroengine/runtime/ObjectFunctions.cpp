@@ -2,8 +2,8 @@
 
 #include "objects/ImageFile.h"
 #include "objects/UI_MacroImage.h"
-#include "runtime/OuterWorld.h"
 #include "runtime/FunctionTable.h"
+#include "runtime/OuterWorld.h"
 
 // A macro cannot trap errors, so an object that cannot be had is Empty, which a macro can test.
 

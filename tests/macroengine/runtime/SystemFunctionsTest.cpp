@@ -1,7 +1,7 @@
 // The functions that reach beyond the macro.
 
-#include "runtime/FunctionTable.h"
 #include "macroengine/runtime/MacroRun.h"
+#include "runtime/FunctionTable.h"
 #include "system/platform/TestPlatform.h"
 
 #include <gtest/gtest.h>
