@@ -39,7 +39,8 @@ void parseText(benchmark::State& state) {
 BENCHMARK(parseText)->Name("engine/parse 4000 lines");
 
 std::string loopOver(const std::string& statement, int turns) {
-    return "n = 0\nx = 0\nWhile n < " + std::to_string(turns) + "\n n = n + 1\n" + statement +
+    return "Function two(a, ByVal b)\n Dim c\n c = a + b\n two = c\nEnd Function\n"
+           "Dim list(9)\nlist(2) = 2\nn = 0\nx = 0\nWhile n < " + std::to_string(turns) + "\n n = n + 1\n" + statement +
            "\nWend\n";
 }
 
@@ -68,5 +69,7 @@ BENCHMARK_CAPTURE(runStatement, add, "x = x + 1")->Name("turn/x = x + 1");
 BENCHMARK_CAPTURE(runStatement, real, "x = x * 0.5 + n / 3")->Name("turn/x = x * 0.5 + n / 3");
 BENCHMARK_CAPTURE(runStatement, branch, "If x > n Then x = 0 Else x = x + 2")
     ->Name("turn/If x > n Then ... Else ...");
+BENCHMARK_CAPTURE(runStatement, call, "x = two(n, x + 1)")->Name("turn/x = two(n, x + 1)");
+BENCHMARK_CAPTURE(runStatement, element, "list(3) = list(2)")->Name("turn/list(3) = list(2)");
 
 } // namespace

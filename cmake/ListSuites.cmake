@@ -18,7 +18,7 @@ endif()
 
 if(NOT suites)
     add_test(kel_mcr_tests "${TEST_PROGRAM}" --gtest_list_tests)
-    add_test(kel_mcr_tests_has_suites "${CMAKE_COMMAND}" -E false)
+    add_test(kel_mcr_tests_has_suites /bin/false)
 endif()
 foreach(suite IN LISTS suites)
     add_test("${suite}" "${TEST_PROGRAM}" "--gtest_filter=${suite}.*" --gtest_brief=1)

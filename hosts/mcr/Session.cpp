@@ -3,6 +3,7 @@
 #include <SYS_Exception.h>
 
 #include "HostSource.h"
+#include "MessageBox.h"
 #include "Watch.h"
 
 #include <cerrno>
@@ -34,6 +35,7 @@ void WriteError(const std::string& text) {
 Session::Session() {
     MacroHostHooks hooks;
     hooks.statement = [this](long line) { onStatement(line); };
+    hooks.messageBox = &ShowMessageBox;
     MacroSupport::SetHostHooks(hooks);
     m_Macro.Register(m_Console, nullptr);
 }

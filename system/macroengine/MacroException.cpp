@@ -20,7 +20,7 @@ const SYS_Resource kErrorTexts[] = {
 
 int resourceOf(MacroERR_Code code) {
     switch (static_cast<int>(code)) {
-#define MACRO_ERROR(number, name, id, text)                                                       \
+#define MACRO_ERROR(number, name, id, text)                                                        \
     case number:                                                                                   \
         return id;
 #include "engine/ErrorCodes.def"
@@ -34,6 +34,8 @@ int resourceOf(MacroERR_Code code) {
 void RegisterMacroErrorTexts() {
     SYS_RegisterResources(kErrorTexts, static_cast<int>(std::size(kErrorTexts)));
 }
+
+const void* MacroErrorTexts() { return kErrorTexts; }
 
 SYS_String GetMacroErrorText(MacroERR_Code code) {
     const int id = resourceOf(code);

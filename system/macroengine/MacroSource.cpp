@@ -82,7 +82,8 @@ int MacroSourceFile::readWhole(SYS_String& text) {
         return 0;
     // The file may have been edited, or replaced by a new one, since it was opened.
     m_File.Close();
-    if (!IsReadable() || !m_File.Seek(0) || !m_File.ReadAll(text))
+    m_Failed = !IsReadable() || !m_File.Seek(0) || !m_File.ReadAll(text);
+    if (m_Failed)
         return 0;
     dropByteOrderMark(text);
     SetPosition(GetPosition() + 1);
@@ -92,7 +93,8 @@ int MacroSourceFile::readWhole(SYS_String& text) {
 int MacroSourceFile::GetNextLine(SYS_String& line, bool) {
     if (!LineByLine())
         return readWhole(line);
-    if (!m_File.IsOpen())
+    m_Failed = !m_File.IsOpen();
+    if (m_Failed)
         return 0;
     if (GetNextPosition() >= m_LineOffsets.GetCount())
         SetNextPosition(m_LineOffsets.GetCount() - 1);
@@ -136,3 +138,17 @@ int MacroOutputFile::Record(char const* text) {
     m_WriteOffset = static_cast<long>(m_File.GetPosition());
     return 1;
 }
+
+// --- MacroFileNameStorage ----------------------------------------------------------------------
+
+MacroFileNameStorage& MacroFileNameStorage::GetStorage() {
+    static auto& storage = *new MacroFileNameStorage;
+    return storage;
+}
+
+void MacroFileNameStorage::OnFileNameSetUp(char const* name) {
+    m_Name = name;
+    m_Event.Raise(0, m_Name);
+}
+
+void MacroFileNameStorage::OnFileNameCanceled() { m_Event.Raise(0, SYS_String()); }

@@ -4,6 +4,7 @@
 // debugger: the run loop asks it at every statement whether to stop.
 
 #include <SCC_Array.h>
+#include <SCC_Event.h>
 #include <SCL_Pointer.h>
 #include <SCL_Types.h>
 #include <SFM_File.h>
@@ -80,6 +81,8 @@ public:
 
     /// Whether the file could be opened and is small enough to be read as a whole.
     bool IsReadable();
+    /// Whether the last request for text failed because the file could not be read.
+    bool HasFailed() const { return m_Failed; }
 
 protected:
     SFM_File m_File;
@@ -89,6 +92,7 @@ private:
     int readWhole(SYS_String& text);
 
     SCC_Array<long> m_LineOffsets;
+    bool m_Failed = false;
 };
 
 /// Takes recorded lines.
@@ -103,6 +107,27 @@ public:
 
 protected:
     long m_WriteOffset = 0;
+};
+
+/// Carries the name of a file between the host's file dialog and recording. One for the process.
+class KEL_MCR_API MacroFileNameStorage {
+public:
+    static MacroFileNameStorage& GetStorage();
+
+    const SYS_String& GetFileName() const { return m_Name; }
+    void SetFileName(char const* name) { m_Name = name; }
+    /// Stores the name and tells the subscribers.
+    void OnFileNameSetUp(char const* name);
+    /// Tells the subscribers the empty name; the stored one stays.
+    void OnFileNameCanceled();
+    void Subscribe(SCC_EventNode<SYS_String>& node) { m_Event.AddTail(node); }
+    void Unsubscribe(SCC_EventNode<SYS_String>& node) { node.Remove(); }
+
+private:
+    MacroFileNameStorage() = default;
+
+    SYS_String m_Name;
+    SCC_Event<SYS_String> m_Event;
 };
 
 /// Recorded lines in a file.

@@ -8,8 +8,11 @@
 #include <SYS_Resources.h>
 #include <UI_MacroImpl.h>
 
+#include <utility>
+
 #include "engine/ErrorTexts.h"
 #include "engine/Frames.h"
+#include "interpreter/RunGuard.h"
 
 namespace {
 
@@ -30,6 +33,12 @@ void MacroEngineDllTerminate() {
         --s_Started;
 }
 
+const void* GetLocalResourceHandle_MacroEngine() {
+    return s_Started > 0 ? MacroErrorTexts() : nullptr;
+}
+
+const void* GetOrigModuleState_MacroEngine() { return nullptr; }
+
 // --- UI_MacroImpl ------------------------------------------------------------------------------
 
 int UI_MacroImpl::InRecordMode() const {
@@ -46,7 +55,8 @@ UI_MacroVariant UI_MacroImpl::ExecuteMacro(const SYS_String& file, const SYS_Str
                                            UI_MacroVariant* args, int argc) {
     SYS_String path = file;
     MacroSupport* parent = GetParentProcessor();
-    if (!file.IsEmpty() && parent && parent->GetSource() && SCL::cPathProcessor::is_relative(file)) {
+    if (!file.IsEmpty() && parent && parent->GetSource() &&
+        SCL::cPathProcessor::is_relative(file)) {
         const SYS_String parentFile = parent->GetSource()->GetFileName();
         if (!parentFile.IsEmpty()) {
             SFM_FilePath resolved(parentFile);
@@ -71,14 +81,15 @@ UI_Macro& UI_Macro::operator=(UI_Macro const& other) {
 UI_Macro::~UI_Macro() {
     if (!m_Impl)
         return;
-    const bool running = m_Impl->GetRunDepth() > 0;
+    UI_MacroImpl* engine = std::exchange(m_Impl, nullptr);
+    const bool running = engine->IsBusy();
     SCL_ASSERT(!running, "UI_Macro: destroyed while its macro runs");
     if (!running) {
-        delete m_Impl;
+        delete engine;
         return;
     }
-    m_Impl->m_Abandoned = true; // deleted by the outermost run
-    m_Impl->RequestStop();
+    engine->m_Abandoned = true; // deleted by the outermost entry
+    engine->RequestStop();
 }
 
 UI_MacroImpl& UI_Macro::impl() {
@@ -90,6 +101,12 @@ UI_MacroImpl& UI_Macro::impl() {
 // --- Running -----------------------------------------------------------------------------------
 
 namespace {
+
+/// A running macro runs others through a `UI_Macro` of their own.
+void refuseReentry(MacroSupport& engine) {
+    if (engine.IsBusy())
+        engine.OnError(errIllegalNesting, SYS_String());
+}
 
 /// What the parent goes on with after a run inside it.
 void handModeBack(MacroSupport& parent, MacroSupport::ExecutionMode earlier,
@@ -124,14 +141,12 @@ void handModeBack(MacroSupport& parent, MacroSupport::ExecutionMode earlier,
 UI_MacroVariant UI_Macro::run(SYS_String const& file, SYS_String const& function,
                               UI_MacroVariant* args, int argCount) {
     UI_MacroImpl* engine = &impl();
+    const EntryGuard entry(*engine);
     SCL_ASSERT(engine == MacroSupport::GetProcessor(),
                "UI_Macro: this engine is not the current processor");
     UI_MacroVariant result;
     if (engine != MacroSupport::GetProcessor())
         return result;
-    if (engine->GetRunDepth() > 0)
-        engine->OnError(errIllegalNesting, SYS_String());
-
     MacroSupport* parent = engine->GetParentProcessor();
     const auto earlier = parent ? parent->GetExecutionMode() : MacroSupport::emRun;
     if (parent && earlier == MacroSupport::emStepInto)
@@ -140,13 +155,6 @@ UI_MacroVariant UI_Macro::run(SYS_String const& file, SYS_String const& function
     else
         engine->SetExecutionMode(MacroSupport::emRun);
 
-    struct Orphan {
-        UI_MacroImpl* engine;
-        ~Orphan() {
-            if (engine->m_Abandoned)
-                delete engine;
-        }
-    } orphan{engine};
     try {
         result = engine->ExecuteMacro(file, function, args, argCount);
     } catch (const MacroStopException&) {
@@ -154,13 +162,15 @@ UI_MacroVariant UI_Macro::run(SYS_String const& file, SYS_String const& function
                    "Unexpected Macro execution mode. Ivar Solde");
         result.Clear();
     }
-    if (parent)
-        handModeBack(*parent, earlier, engine->GetExecutionMode());
+    MacroSupport* now = engine->GetParentProcessor(); // it may have ended meanwhile
+    if (now && now == parent)
+        handModeBack(*now, earlier, engine->GetExecutionMode());
     return result;
 }
 
 UI_MacroVariant UI_Macro::ExecuteMacro(SYS_String const& file, SYS_String const& function,
                                        UI_MacroVariant* args, int argCount) {
+    refuseReentry(impl());
     return run(file, function, args, argCount);
 }
 
@@ -168,8 +178,8 @@ UI_MacroVariant UI_Macro::Execute(MacroSource* source, SYS_String const& functio
                                   UI_MacroVariant* args, int argCount) {
     SCL_Pointer<MacroSource> keep(source);
     UI_MacroImpl& engine = impl();
-    if (engine.GetRunDepth() > 0)
-        engine.OnError(errIllegalNesting, SYS_String());
+    refuseReentry(engine);
+    const EntryGuard entry(engine);
     engine.SetSource(source);
     return run(SYS_String(), function, args, argCount);
 }
@@ -178,24 +188,25 @@ void UI_Macro::OpenMacroFile(SYS_String const& path) {
     UI_MacroImpl& engine = impl();
     SCL_ASSERT(&engine == MacroSupport::GetProcessor(),
                "UI_Macro: this engine is not the current processor");
-    if (engine.GetRunDepth() > 0)
-        engine.OnError(errIllegalNesting, SYS_String());
+    refuseReentry(engine);
+    const EntryGuard entry(engine);
     engine.SetSource(new MacroSourceFile(path));
 }
 
 UI_MacroVariant UI_Macro::ExecuteMacroString(SYS_String const& text) {
     UI_MacroImpl& engine = impl();
-    if (engine.GetRunDepth() > 0)
-        engine.OnError(errIllegalNesting, SYS_String());
+    refuseReentry(engine);
     const SYS_String directory = GetPlatform().TempDirectory();
     SYS_String name;
     bool written = false;
     SYS_String path;
     if (GetPlatform().CreateTempFile(directory, "", ".tmp", name) == PlatformStatus::Ok) {
-        path = SCL::PathAppend(directory, name);
+        path = SCL::PathNormalize(SCL::PathAppend(directory, name), true);
         SFM_File file(path);
         written = file.Open("w") && file.WriteLine(text);
         written = file.Close() && written;
+        if (!written)
+            file.Delete();
     }
     if (!written)
         throw SYS_Exception("%s", TR(kNoTemporaryFile).c_str());
@@ -224,7 +235,7 @@ int UI_Macro::EnableAutomation(char const* name, IDispatch* object) {
 void UI_Macro::StartRecording(MacroOutput* output) {
     SCL_Pointer<MacroOutput> keep(output);
     UI_MacroImpl& engine = impl();
-    if (engine.GetRunDepth() == 0)
+    if (!engine.IsBusy())
         engine.Reset();
     engine.BeginRecording(output);
 }
@@ -232,7 +243,7 @@ void UI_Macro::StartRecording(MacroOutput* output) {
 void UI_Macro::StopRecording() {
     if (!m_Impl)
         return;
-    if (m_Impl->GetRunDepth() == 0)
+    if (!m_Impl->IsBusy())
         m_Impl->Reset();
     m_Impl->SetOutput(nullptr);
 }

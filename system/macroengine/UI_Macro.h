@@ -15,6 +15,10 @@
 /// Starts and ends the engine. Calls may be nested; each start needs its end.
 KEL_MCR_API void MacroEngineDllInitialize();
 KEL_MCR_API void MacroEngineDllTerminate();
+/// What to look the engine's own texts up with (`TR` on this platform); null before the start.
+KEL_MCR_API const void* GetLocalResourceHandle_MacroEngine();
+/// The platform's module state as it was at the start: this platform has none, so null.
+KEL_MCR_API const void* GetOrigModuleState_MacroEngine();
 
 class UI_MacroImpl;
 

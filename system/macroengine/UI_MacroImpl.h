@@ -14,6 +14,4 @@ public:
     /// A relative name is looked for beside the file of the macro that started this run.
     UI_MacroVariant ExecuteMacro(const SYS_String& file, const SYS_String& function,
                                  UI_MacroVariant* args, int argc) override;
-
-    bool m_Abandoned = false; // the door has gone while a run was in progress
 };

@@ -1,17 +1,25 @@
 #include "UI_MacroProcessor.h"
 
 #include <SCL_Assert.h>
+#include <SCL_Path.h>
+#include <SFM_Directory.h>
 #include <SFM_FilePath.h>
+
+#include <utility>
+#include <vector>
 
 #include "engine/ErrorTexts.h"
 #include "engine/Frames.h"
+#include "interpreter/RunGuard.h"
 #include "language/Scanner.h"
 #include "objects/UI_MacroErr.h"
 #include "objects/UI_MacroWScript.h"
+#include "runtime/FileTable.h"
 
 MacroSupport* MacroSupport::s_Processor = nullptr;
 bool MacroSupport::s_bWaiting = false;
 bool MacroSupport::s_HasStatementHook = false;
+unsigned MacroSupport::s_HookChanges = 0;
 
 namespace {
 
@@ -43,7 +51,7 @@ bool FunctionTableItem::HasBody() const {
 
 MacroSupport::MacroSupport(bool nested)
     : MacroEval(nullptr), m_Scanner(std::make_unique<MacroScanner>()),
-      m_ContextStack(std::make_unique<FrameStack>()),
+      m_ContextStack(std::make_unique<FrameStack>()), m_Files(std::make_unique<FileTable>()),
       m_RecordHook(this, &MacroSupport::OnRecord), m_Nested(nested) {
     RegisterMacroErrorTexts();
     getMap();
@@ -51,8 +59,7 @@ MacroSupport::MacroSupport(bool nested)
     functionsMap();
     if (nested) {
         if (s_Processor && s_Processor->GetPMap() != GetPMap())
-            static_cast<SCC_Map<SYS_StrNoCase, UI_MacroVariant>&>(getMap()) =
-                s_Processor->getMap();
+            static_cast<SCC_Map<SYS_StrNoCase, UI_MacroVariant>&>(getMap()) = s_Processor->getMap();
         m_Parent = s_Processor;
         s_Processor = this;
     }
@@ -71,8 +78,48 @@ MacroSupport::~MacroSupport() {
 
 void MacroSupport::SetProcessor(MacroSupport* processor) { s_Processor = processor; }
 
+namespace {
+
+/// The hooks in force. Those that a running hook replaces stay until it has returned.
+struct HookStore {
+    std::unique_ptr<MacroHostHooks> current = std::make_unique<MacroHostHooks>();
+    std::vector<std::unique_ptr<MacroHostHooks>> replaced;
+    int running = 0;
+};
+
+struct HookCall {
+    HookCall() { ++processWide<HookStore>().running; }
+    HookCall(const HookCall&) = delete;
+    HookCall& operator=(const HookCall&) = delete;
+    ~HookCall() {
+        HookStore& store = processWide<HookStore>();
+        if (--store.running == 0)
+            store.replaced.clear();
+    }
+};
+
+} // namespace
+
+void MacroSupport::callStatementHook(long line) {
+    const HookCall call;
+    GetHostHooks().statement(line);
+}
+
+bool MacroSupport::CallIdleHook() {
+    const HookCall call;
+    const auto& idle = GetHostHooks().idle;
+    if (idle)
+        idle();
+    return static_cast<bool>(idle);
+}
+
 void MacroSupport::SetHostHooks(const MacroHostHooks& hooks) {
-    processWide<MacroHostHooks>() = hooks;
+    ++s_HookChanges;
+    HookStore& store = processWide<HookStore>();
+    auto next = std::make_unique<MacroHostHooks>(hooks);
+    std::swap(store.current, next);
+    if (store.running > 0)
+        store.replaced.push_back(std::move(next));
     s_HasStatementHook = static_cast<bool>(hooks.statement);
     SFM_FilePath::SetDefaultPathHook(hooks.defaultPath);
     SFM_FilePath::SetApplicationNameHook(hooks.applicationName);
@@ -82,7 +129,7 @@ void MacroSupport::SetHostHooks(const MacroHostHooks& hooks) {
         SetDebugOutput(nullptr);
 }
 
-const MacroHostHooks& MacroSupport::GetHostHooks() { return processWide<MacroHostHooks>(); }
+const MacroHostHooks& MacroSupport::GetHostHooks() { return *processWide<HookStore>().current; }
 
 void MacroSupport::SetLimits(const MacroLimits& limits) {
     processWide<MacroLimits>() = limits;
@@ -97,6 +144,7 @@ void MacroSupport::Reset() {
     m_Current = {nullptr, false};
     m_CurrentFunction = nullptr;
     m_Functions.RemoveAll();
+    m_Files->Clear();
     m_ContextStack->Clear();
     m_Scanner->Reset();
     pushBottomFrame();
@@ -140,10 +188,44 @@ void MacroSupport::SetSource(MacroSource* source) {
 void MacroSupport::SetOutput(MacroOutput* output) { m_Output = output; }
 
 void MacroSupport::SetExecutionMode(ExecutionMode mode) {
+    if (m_StopPending)
+        return; // nothing lifts a run out of its stop
     const ExecutionMode old = m_ExecutionMode;
     m_ExecutionMode = mode;
-    if (mode == emPaused && old != mode && m_Source)
-        m_Source->OnPause();
+    if (mode != emPaused || old == mode)
+        return;
+    m_PausedAt = m_Current;
+    if (const SCL_Pointer<MacroSource> keep = m_Source) {
+        keep->TakeNoDebuggerNote();
+        keep->OnPause();
+    }
+}
+
+void MacroSupport::RequestStop() {
+    m_ExecutionMode = emStopped;
+    m_Current = {nullptr, false};
+    m_StopPending = true;
+    if (!IsBusy())
+        finishStop();
+}
+
+void MacroSupport::finishStop() {
+    if (!m_StopPending)
+        return;
+    try {
+        Reset();
+    } catch (...) {
+        // A stop comes to its end, whatever an object of the host makes of the reset.
+    }
+    m_Source = nullptr;
+    if (ExecutionContext* bottom = m_ContextStack->Top()) {
+        bottom->m_Source = nullptr;
+        bottom->m_Position = m_Scanner->GetTokenLine();
+    }
+    m_Output = nullptr;
+    m_ExecutionMode = emStopped;
+    m_ContextStack->Clear();
+    m_StopPending = false;
 }
 
 bool MacroSupport::IsExecuting() const {
@@ -169,9 +251,7 @@ int MacroSupport::GetParsePosition() const {
     return static_cast<int>(m_Scanner->GetTokenLine());
 }
 
-long MacroSupport::GetCurrentLine() const {
-    return m_Current.node ? m_Current.node->GetLine() : 0;
-}
+long MacroSupport::GetCurrentLine() const { return m_Current.node ? m_Current.node->GetLine() : 0; }
 
 const SYS_String& MacroSupport::getDicStr(const SYS_String& text) {
     return m_Scanner->Intern(text);
@@ -181,10 +261,13 @@ const SYS_String& MacroSupport::getDicStr(const SYS_String& text) {
 
 UI_MacroVariant MacroSupport::ExecuteMacro(const SYS_String& file, const SYS_String& function,
                                            UI_MacroVariant* args, int argc) {
+    const EntryGuard entry(*this);
+    if (m_PlaybackDepth > 0)
+        OnError(errIllegalNesting, SYS_String());
     ClearLastError();
     if (!file.IsEmpty()) {
         SFM_FilePath path(file);
-        path.SetDefault("*.mcr");
+        path.SetDefault(SCL::PathAppend(SFM_Directory::GetCurDir(0), "*.mcr"));
         SetSource(new MacroSourceFile(SYS_String(path)));
     }
     if (!Parse())

@@ -17,8 +17,10 @@
 #include <functional>
 #include <memory>
 
+class FileTable;
 class FrameStack;
 class MacroScanner;
+class TextFile;
 class TreeBuilder;
 class UI_MacroErr;
 class UI_MacroWScript;
@@ -53,10 +55,10 @@ struct MacroHostHooks {
 
 /// Bounds on what a macro may use. Beyond them a macro ends with "out of memory".
 struct MacroLimits {
-    int stringBytes = 0x3FFFFFFF;  ///< of one string
-    int arrayElements = 16777216;  ///< of one array, over all its levels
-    int frames = 500000;           ///< open procedure calls
-    int nestedRuns = 200;          ///< runs inside runs, which use the native stack
+    int stringBytes = 0x3FFFFFFF; ///< of one string
+    int arrayElements = 16777216; ///< of one array, over all its levels
+    int frames = 500000;          ///< open procedure calls
+    int nestedRuns = 200;         ///< runs inside runs, which use the native stack
 };
 
 /// What `Option` statements set.
@@ -214,6 +216,24 @@ public:
     SYS_String GetModalContextIndent() const;
     int GetModalContextLevel() const;
 
+    // Files by number. A number that was never opened is a closed file; printing to it, reading
+    // from it and closing it do nothing.
+    /// Raises: 36 with the name if the file cannot be had in this way.
+    void OnOpen(const SYS_String& name, ParserTree::FileOpenMode mode, int stream,
+                ParserTree::FileAccessMode access, ParserTree::FileLockMode lock,
+                long recordLength);
+    void OnClose(UI_MacroVariant* numbers, long count);
+    void CloseAllFiles();
+    /// Raises: 37 for a file that is not open for printing.
+    void OnPrint(UI_MacroVariant* items, long count, int stream);
+    /// Reads one field for each target. Raises: 37 for a file that is not open for reading, 36 at
+    /// its end. Re-enters: host objects.
+    void OnInput(UI_MacroVariant* targets, long count, int stream);
+    void OnWidth(int stream, long width);
+    /// The stream of a number, made closed if there is none. Owner: the processor, to its reset.
+    TextFile& GetFile(int stream);
+    FileTable& GetFiles() const;
+
     // Services for the nodes of the tree.
     bool With(const UI_MacroVariant& object, ParserTree::Node* with, bool isDialog);
     bool WithEnd();
@@ -231,8 +251,14 @@ public:
 
     /// A number that changes whenever a name may have got another meaning.
     unsigned GetNamesState() const;
-    /// Whether a name can only be a variable in that state.
-    bool IsPlainVariable(const MacroName* name) const;
+    /// Whether a name can only be a procedure or a variable in that state. The procedure of that
+    /// name is given along, null if there is none.
+    bool IsOwnName(const MacroName* name, const FunctionTableItem*& procedure) const;
+    /// The same procedure, or null where the name is to be read as a variable. `place` remembers
+    /// where the variable was found.
+    const FunctionTableItem* CalledProcedure(const FunctionTableItem* procedure,
+                                             const MacroName* name, bool isApplied,
+                                             unsigned& place) const;
     SCC_Map<SYS_StrNoCase, FunctionTableItem>& GetProcedures() { return m_Functions; }
     ParserTree::NodeImpl<ParserTree::Function, false>* GetCurrentFunction() const {
         return m_CurrentFunction;
@@ -243,12 +269,16 @@ public:
         return m_ExecutionMode == emEval || m_ExecutionMode == emEvalPure;
     }
     ParserTree::Step& Current() { return m_Current; }
-    int GetRunDepth() const { return m_PlaybackDepth; }
+    /// Whether an entry of this processor is on the native stack: a run, a parse, or the way there.
+    bool IsBusy() const { return m_Entries > 0; }
+    /// Ends what is going on; the reset follows when the outermost entry has returned.
+    void RequestStop();
 
 protected:
     friend class MacroParser;
     friend class TreeBuilder;
     friend class ParserTree;
+    friend class EntryGuard;
     friend class RunGuard;
     friend class UI_Macro;
 
@@ -259,13 +289,16 @@ protected:
     [[noreturn]] void raise(MacroException& error, int code, long line);
     long errorLine() const;
     void ClearLastError();
+    void finishStop();
+    static void callStatementHook(long line);
+    /// False if the host has none.
+    static bool CallIdleHook();
     void pushBottomFrame();
     static bool s_HasStatementHook;
+    static unsigned s_HookChanges; // a type library may come and go with the hooks
     static SCC_Event<char const*>& RecordEvent();
     UI_MacroVariant* lookUpEntry(const MacroName* name) const;
-    UI_MacroVariantParam* findVariable(const MacroName* name) const;
-    const FunctionTableItem* procedureOf(const MacroName* name, bool isApplied,
-                                         const UI_MacroVariant* variable);
+    UI_MacroVariantParam* findVariable(const MacroName* name, unsigned& place) const;
     virtual bool hasUnits() const = 0;
     virtual void endCall(bool failed) = 0;
 
@@ -287,6 +320,11 @@ protected:
     ParserTree::NodeImpl<ParserTree::Function, false>* m_CurrentFunction = nullptr;
     MacroPlaybackResult m_ResultCode = pbNotHandled;
     int m_ReturnCode = 0;
+    int m_Entries = 0;
+    bool m_StopPending = false;
+    bool m_Abandoned = false;    // the owner has gone: deleted by the outermost entry
+    ParserTree::Step m_PausedAt; // the step at which the last pause happened
+    std::unique_ptr<FileTable> m_Files;
 
     // Recording.
     SCC_ObjectEventHook<MacroSupport, char const*> m_RecordHook;
@@ -338,7 +376,9 @@ public:
     void Declare(const SYS_String& name, bool isConstant);
 
     // Calls, for the nodes of the tree.
-    ParserTree::Step EnterProcedure(ParserTree::Node& call, ParserTree::Cell& target);
+    /// `known` is the procedure that the name of the value probably calls.
+    ParserTree::Step EnterProcedure(ParserTree::Node& call, ParserTree::Cell& target,
+                                    const FunctionTableItem* known = nullptr);
     ParserTree::Step LeaveProcedure(ParserTree::Function& function);
     /// Makes the unit of a node, its source and its options current.
     void SwitchUnit(ParserTree::ScriptUnit* unit);
@@ -349,8 +389,6 @@ public:
 
     /// Runs until there is nothing left to run. Raises: any.
     void ExecutionStep();
-    /// Ends the run in progress; the reset follows when its outermost entry has returned.
-    void RequestStop();
 
 protected:
     friend class ParserTree;
@@ -381,7 +419,8 @@ protected:
     bool RunStepOver();
     bool RunStepOut();
     void pausedTurn();
-    void finishStop();
+    /// Whether a step loop stands on the step at which the run was paused.
+    bool resumesAt(const ParserTree::Step& step);
     bool hasUnits() const override;
     void endCall(bool failed) override;
     void bindArguments(ParserTree::Function& function, ExecutionContext& frame,
@@ -389,7 +428,5 @@ protected:
 
     SCL_Pointer<ParserTree> m_Tree;
     std::unique_ptr<TreeBuilder> m_Builder;
-    ParserTree::Node* m_PausedAt = nullptr; // the step at which the last pause happened
     ExecutionMode m_LastExecuting = emRun;
-    bool m_StopPending = false;
 };

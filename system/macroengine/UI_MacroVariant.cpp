@@ -156,8 +156,8 @@ UI_MacroVariantParam& UI_MacroVariant::Null() {
 }
 
 UI_MacroVariantParam& UI_MacroVariant::Nothing() {
-    static UI_MacroVariantParam& value = immortal(
-        new UI_MacroVariantParam(UI_MacroVariant(static_cast<IDispatch*>(nullptr)), true));
+    static UI_MacroVariantParam& value =
+        immortal(new UI_MacroVariantParam(UI_MacroVariant(static_cast<IDispatch*>(nullptr)), true));
     return value;
 }
 

@@ -388,11 +388,14 @@ public:
     UI_MacroVariant* GetRVal() const override;
 
     UI_MacroVariant* GetElement() const { return m_Element; }
+    /// Whether any element of any array is referred to at the moment.
+    static bool AnyLive() { return s_LiveCount > 0; }
 
     static void* operator new(std::size_t size);
     static void operator delete(void* cell, std::size_t size);
 
 private:
+    static int s_LiveCount;
     SCC_SafePointer<UI_MacroVariant> m_Element;
 };
 

@@ -122,17 +122,21 @@ ParserTree::Node* ParserTree::Node::FindEnclosing(Kind kind) {
 
 ParserTree::ParserTree(MacroParser& processor) : m_Processor(processor) {}
 
-ParserTree::~ParserTree() {
+ParserTree::~ParserTree() { freeUnits(); }
+
+void ParserTree::freeUnits() {
+    // A script that an error has left hangs in another unit: all roots come off before any node.
+    for (auto& entry : m_Scripts)
+        entry.value->m_Root.Unlink();
     for (auto& entry : m_Scripts)
         freeUnit(entry.value);
+    m_Scripts.RemoveAll();
 }
 
 void ParserTree::Clear() {
     m_Processor.m_Current = {nullptr, false};
     m_Processor.m_CurrentFunction = nullptr;
-    for (auto& entry : m_Scripts)
-        freeUnit(entry.value);
-    m_Scripts.RemoveAll();
+    freeUnits();
     m_Script = nullptr;
     m_Parent = nullptr;
     m_Function = nullptr;
@@ -148,6 +152,14 @@ void ParserTree::attachToLine(Node* node, Position* position) {
     else
         position->firstNode = node;
     position->lastNode = node;
+}
+
+void ParserTree::attachInFront(Node* node, Position* position) {
+    node->m_Position = position;
+    node->m_NextOnLine = position->firstNode;
+    position->firstNode = node;
+    if (!position->lastNode)
+        position->lastNode = node;
 }
 
 void ParserTree::detachFromLine(Node* node) {
@@ -205,13 +217,12 @@ void ParserTree::freeUnit(ScriptUnit* unit) {
     delete unit;
 }
 
-void ParserTree::place(Node* node) {
-    attachToLine(node, GetOrCreatePosition(nullptr, m_Processor.GetParsePosition()));
-}
+void ParserTree::place(Node* node) { GetOrCreatePosition(node, m_Processor.GetParsePosition()); }
 
 ParserTree::Position* ParserTree::GetOrCreatePosition(Node* node, long line) {
-    SCL_ASSERT(line >= 0, "ParserTree::GetOrCreatePosition: negative line");
-    const auto index = static_cast<std::size_t>(line < 0 ? 0 : line);
+    if (!SCL_ASSERT(line >= 0, "ParserTree::GetOrCreatePosition: negative line"))
+        return nullptr;
+    const auto index = static_cast<std::size_t>(line);
     auto& lines = m_Script->m_Lines;
     if (index >= lines.size()) {
         if (index >= lines.capacity())
@@ -277,6 +288,10 @@ void ParserTree::CloseBlock() {
         return;
     Position* closing = GetOrCreatePosition(nullptr, m_Processor.GetParsePosition());
     Position* opening = block->m_Position;
+    if (!closing) {
+        m_Parent = block->m_Parent;
+        return;
+    }
     if (opening && opening != closing) {
         closing->blockBegin = opening;
         opening->blockEnd = closing;

@@ -86,7 +86,13 @@ public:
         ObjectExec
     };
 
-    enum FileOpenMode { FileAppend = 0, FileBinary = 1, FileInput = 2, FileOutput = 3, FileRandom = 4 };
+    enum FileOpenMode {
+        FileAppend = 0,
+        FileBinary = 1,
+        FileInput = 2,
+        FileOutput = 3,
+        FileRandom = 4
+    };
     enum FileAccessMode { AccessRead = 0, AccessWrite = 1, AccessReadWrite = 2 };
     enum FileLockMode { LockShared = 0, LockRead = 1, LockWrite = 2, LockReadWrite = 3 };
 
@@ -213,7 +219,7 @@ public:
         SCL_Vector<Position*> m_Lines; // by line number; entries may be null
         Node m_Root;
         int m_Explicit = 0;
-        SYS_String key; // the normalised path
+        SYS_String key;                     // the normalised path
         SCL_Vector<SYS_String> m_Variables; // module variables that the unit declares
     };
 
@@ -437,6 +443,7 @@ public:
     };
     struct KEL_MCR_API Statement {
         static constexpr Kind kKind = Kind::Statement;
+        static constexpr int kLet = 1;
         int code = -1;
         Step OnEnter(Node& node, MacroParser& processor);
         Step OnLeave(Node& node, MacroParser& processor);
@@ -457,10 +464,19 @@ public:
         bool hasDot = false;
         bool hasArguments = false;
         bool isCall = false;
-        bool isPlainVariable = false; // cache: no object, built-in or procedure has the name
-        unsigned cachedIndex = 0;     // cache: place of the variable in its frame
-        unsigned cachedNames = 0;     // cache: state of the name tables when it was filled
+        // Cache of what the name means, while the name tables keep the state it was filled in.
+        unsigned cachedNames = 0;
+        unsigned cachedIndex = 0;   // place of the variable in its frame
+        bool isOwnName = false;     // no object or built-in has the name
+        bool isPlainVariable = false; // no procedure either, and it is neither called nor indexed
+        const FunctionTableItem* procedure = nullptr; // of that name, a variable may hide it
         Step OnLeave(Node& node, MacroParser& processor);
+        /// Whether the name can mean nothing but a variable, for now.
+        bool IsOwnVariable(Node& node, MacroParser& processor);
+
+    private:
+        Step resolveOwnName(Node& node, MacroParser& processor, Cell* list);
+        void learn(Node& node, MacroParser& processor);
     };
     struct KEL_MCR_API ObjectExec : ValueSlots {
         static constexpr Kind kKind = Kind::ObjectExec;
@@ -483,11 +499,11 @@ public:
         place(node);
         return node;
     }
-    /// Makes a node on the line of another one.
+    /// Makes a node that a run adds to a line for a while.
     template <class N> N* CreateAt(Position* position) {
         N* node = new N;
         if (position)
-            attachToLine(node, position);
+            attachInFront(node, position);
         return node;
     }
     /// The record of a line of the current unit, made if needed; adds the node to it.
@@ -525,7 +541,9 @@ private:
     static void attachToLine(Node* node, Position* position);
     static void detachFromLine(Node* node);
     static void freeNodesOf(Position* position);
+    static void attachInFront(Node* node, Position* position);
     static void freeUnit(ScriptUnit* unit);
+    void freeUnits();
     void destroy(Node* node);
 
     MacroParser& m_Processor;
@@ -556,9 +574,8 @@ public:
     NodeImpl() noexcept : Node(T::kKind, StatementFlag) {
         if constexpr (requires(T & data) { data.GetTop(); }) {
             auto* slots = static_cast<ValueSlots*>(this);
-            m_ResultOffset = static_cast<std::uint8_t>(reinterpret_cast<char*>(slots) -
-                                                       reinterpret_cast<char*>(
-                                                           static_cast<Node*>(this)));
+            m_ResultOffset = static_cast<std::uint8_t>(
+                reinterpret_cast<char*>(slots) - reinterpret_cast<char*>(static_cast<Node*>(this)));
         }
     }
 

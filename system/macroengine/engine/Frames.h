@@ -62,8 +62,8 @@ struct ContextBlock {
     static constexpr int kWith = 339;
 
     int kind = 0;
-    int active = 1;   // for With: whether it is a dialog block
-    int position = 0; // order key: depth of the block in its frame
+    int active = 1;                               // for With: whether it is a dialog block
+    int position = 0;                             // order key: depth of the block in its frame
     ParserTree::Position* line = nullptr;         // of the block's statement
     ParserTree::Position* callPosition = nullptr; // of the calling node, as it was at the call
     ParserTree::Node* node = nullptr;             // the calling node, or the With

@@ -8,20 +8,23 @@
 #include "engine/TypeLibrary.h"
 
 unsigned MacroSupport::GetNamesState() const {
-    return GetPMap()->GetChanges() + functionsMap()->GetChanges() + m_Functions.GetChanges();
+    return s_HookChanges + GetPMap()->GetChanges() + functionsMap()->GetChanges() + m_Functions.GetChanges();
 }
 
-bool MacroSupport::IsPlainVariable(const MacroName* name) const {
-    return !lookUpEntry(name) && !m_Functions.Lookup(name->text) && !HasTypeLibrary();
+bool MacroSupport::IsOwnName(const MacroName* name, const FunctionTableItem*& procedure) const {
+    if (lookUpEntry(name) || HasTypeLibrary())
+        return false;
+    procedure = m_Functions.Lookup(name->text);
+    return true;
 }
 
-UI_MacroVariantParam* MacroSupport::findVariable(const MacroName* name) const {
+UI_MacroVariantParam* MacroSupport::findVariable(const MacroName* name, unsigned& place) const {
     const ExecutionContext* top = m_ContextStack->Top();
     if (!top)
         return nullptr;
-    if (UI_MacroVariantParam* local = top->m_Variables.Find(name))
+    if (UI_MacroVariantParam* local = top->m_Variables.Find(name, place))
         return local;
-    return m_ContextStack->Bottom()->m_Variables.Find(name);
+    return m_ContextStack->Bottom()->m_Variables.Find(name, place);
 }
 
 UI_MacroVariant* MacroSupport::LookupVar(const SYS_StrNoCase& name) {
@@ -106,37 +109,33 @@ UI_MacroVariant MacroSupport::evaluate(const MacroName* name, const SYS_String& 
     if (UI_MacroVariant constant; FindTypeLibraryConstant(spelling, constant))
         return evaluateDeref(constant, spelling, args, argc, isCall);
 
-    UI_MacroVariantParam* variable = findVariable(name);
-    if (const FunctionTableItem* item = procedureOf(name, args != nullptr || isCall, variable)) {
+    unsigned place = 0;
+    if (const FunctionTableItem* item = CalledProcedure(m_Functions.Lookup(name->text), name,
+                                                        args != nullptr || isCall, place)) {
         UI_MacroVariant call;
         call.SetFunctionRefVal(item->GetName(), this);
         call.copyAgr(args, args ? argc : 0);
         return call;
     }
-    if (!variable) {
-        unsigned place = 0;
-        variable = getExecutionStackVar(name, spelling, place);
-        if (!variable)
-            return OnError(errInternal, SYS_String());
-    }
+    UI_MacroVariantParam* variable = getExecutionStackVar(name, spelling, place);
+    if (!variable)
+        return OnError(errInternal, SYS_String());
     return evaluateDeref(UI_MacroVariant(static_cast<UI_MacroVariant*>(variable)), spelling, args,
                          argc, isCall);
 }
 
-/// The procedure that a name calls, or null if the name is to be read as a variable.
-const FunctionTableItem* MacroSupport::procedureOf(const MacroName* name, bool isApplied,
-                                                   const UI_MacroVariant* variable) {
-    const FunctionTableItem* item = m_Functions.Lookup(name->text);
-    if (!item)
+const FunctionTableItem* MacroSupport::CalledProcedure(const FunctionTableItem* procedure,
+                                                       const MacroName* name, bool isApplied,
+                                                       unsigned& place) const {
+    if (!procedure)
         return nullptr;
-    if (m_CurrentFunction) {
-        const bool isSelf = MacroName::Intern(m_CurrentFunction->name.View()) == name;
-        if (isSelf && !isApplied)
-            return nullptr; // the return variable
-        if (!isSelf && variable && m_CurrentFunction->locals.Lookup(name->text))
-            return nullptr; // hidden by a declaration of the running procedure
-    }
-    return variable && !item->HasBody() ? nullptr : item;
+    if (m_CurrentFunction && m_CurrentFunction->interned == name)
+        return isApplied ? procedure : nullptr; // the return variable
+    if (!findVariable(name, place))
+        return procedure;
+    if (m_CurrentFunction && m_CurrentFunction->locals.Lookup(name->text))
+        return nullptr; // hidden by a declaration of the running procedure
+    return procedure->HasBody() ? procedure : nullptr;
 }
 
 UI_MacroVariant MacroSupport::evaluateDeref(const UI_MacroVariant& value, const SYS_String& name,
@@ -162,8 +161,8 @@ UI_MacroVariant MacroSupport::EvalArgListList(UI_MacroVariant* target, const cha
         UI_MacroArray list = lists.Data()[i].Arrval();
         const int argc = list.GetCount();
         UI_MacroVariant* args = argc ? list.WritableData() : &Null();
-        UI_MacroVariant next =
-            i == 0 ? scope->Evaluate(name, args, argc) : evaluateDeref(*scope, "", args, argc, false);
+        UI_MacroVariant next = i == 0 ? scope->Evaluate(name, args, argc)
+                                      : evaluateDeref(*scope, "", args, argc, false);
         result.Take(next);
         scope = &result;
     }

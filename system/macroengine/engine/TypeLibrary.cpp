@@ -26,8 +26,7 @@ bool FindTypeLibraryConstant(const SYS_String& name, UI_MacroVariant& value) {
     ITypeInfo* info = nullptr;
     DESCKIND kind = DESCKIND_NONE;
     BINDPTR found{};
-    const HRESULT result =
-        names->Bind(wide.data(), 0, INVOKE_PROPERTYGET, &info, &kind, &found);
+    const HRESULT result = names->Bind(wide.data(), 0, INVOKE_PROPERTYGET, &info, &kind, &found);
     const bool isConstant = SUCCEEDED(result) && kind == DESCKIND_VARDESC && found.lpvardesc &&
                             found.lpvardesc->lpvarValue;
     if (isConstant)

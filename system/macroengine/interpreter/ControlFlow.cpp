@@ -110,9 +110,9 @@ bool advanceNumbers(UI_MacroVariantParam& variable, const UI_MacroVariant& bound
     if (!isNumber(variable) || !isNumber(bound) || !isNumber(step))
         return false;
     if (variable.GetType() == vvtInteger && step.GetType() == vvtInteger) {
-        variable.SetIntVal(static_cast<__int64>(
-            static_cast<unsigned long long>(Access::Integer(variable)) +
-            static_cast<unsigned long long>(Access::Integer(step))));
+        variable.SetIntVal(
+            static_cast<__int64>(static_cast<unsigned long long>(Access::Integer(variable)) +
+                                 static_cast<unsigned long long>(Access::Integer(step))));
     } else {
         variable.SetRealVal(Access::Number(variable) + Access::Number(step));
     }
@@ -144,10 +144,10 @@ Step ParserTree::ForCond::OnLeave(Node& node, MacroParser& processor) {
     if (state.GetType() != vvtArray) {
         Node* start = node.GetFirstChild();
         Node* bound = start->GetNextSibling();
-        const UI_MacroVariant first = takeLoopOperand(processor, start);
+        // The start is stored first: a bound that names the variable reads it.
+        variableSlot.Assign(takeLoopOperand(processor, start));
         UI_MacroVariant last = takeLoopOperand(processor, bound);
         UI_MacroVariant by = takeLoopOperand(processor, bound->GetNextSibling());
-        variableSlot.Assign(first);
         UI_MacroVariant* kept = MacroVariantAccess::MakeList(state, 2);
         kept[0].Take(last);
         kept[1].Take(by);

@@ -86,8 +86,7 @@ Step ParserTree::Redim::OnLeave(Node& node, MacroParser& processor) {
         const SYS_StrNoCase key(row.name);
         if (processor.LookupVar(key)) {
             UI_MacroVariant value = processor.Evaluate(row.name, nullptr, 0);
-            UI_MacroVariant* target =
-                value.GetType() == vvtReference ? value.GetRVal() : &value;
+            UI_MacroVariant* target = value.GetType() == vvtReference ? value.GetRVal() : &value;
             if (target)
                 MacroVariantArraySupport::ReCreateArray(target, *row.subscripts, false);
         } else if (UI_MacroVariant* variable = processor.RegisterVar(key)) {

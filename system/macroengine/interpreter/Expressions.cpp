@@ -3,19 +3,11 @@
 //   literals            Enter  store the value
 //   VariantList         Leave  a list of the children's values
 //   BinaryOp, UnaryOp   Leave  combine the operands' cells (Enter: when both can be read in place)
-//   Object              Leave  resolve the name; the value may still stand for a call
-//   ObjectExec          Leave  carry the call out, or hand the value on
 
-#include <Automation.h>
 #include <SCL_Assert.h>
 
-#include <cmath>
-
-#include "engine/TypeLibrary.h"
 #include "interpreter/Leaves.h"
 #include "interpreter/Semantics.h"
-#include "runtime/FunctionTable.h"
-#include "values/CopyOut.h"
 #include "values/FastPath.h"
 
 using namespace semantics;
@@ -288,10 +280,10 @@ bool divideNumbers(int code, const Scalar& a, const Scalar& b, Scalar& out) {
     }
     if (code != opMod && code != opIntDivide)
         return false;
-    constexpr double kExact = 9007199254740992.0; // integers up to here are exact reals
+    constexpr double kExact = 9007199254740992.0; // integers below this are exact reals
     const double x = a.AsReal();
     const double y = b.AsReal();
-    const bool whole = x >= -kExact && x <= kExact && y >= -kExact && y <= kExact &&
+    const bool whole = x > -kExact && x < kExact && y > -kExact && y < kExact &&
                        x == static_cast<double>(static_cast<__int64>(x)) &&
                        y == static_cast<double>(static_cast<__int64>(y));
     if (!whole || y == 0)
@@ -318,16 +310,16 @@ bool computeNumbers(int code, const Scalar& a, const Scalar& b, Scalar& out) {
 Step ParserTree::BinaryOp::OnEnter(Node& node, MacroParser& processor) {
     Node* first = node.GetFirstChild();
     Node* second = first->GetNextSibling();
-    UI_MacroVariantParam* leftVariable = nullptr;
-    UI_MacroVariantParam* rightVariable = nullptr;
-    if (!isLeaf(processor, first, leftVariable))
+    Leaf left;
+    Leaf right;
+    if (!isReadable(processor, first, left))
         return {first, false};
-    if (!isLeaf(processor, second, rightVariable))
-        return {second, false};
+    if (!isReadable(processor, second, right))
+        return {left.element ? first : second, false};
     Scalar a;
     Scalar b;
     Scalar result;
-    if (!leafNumber(first, leftVariable, a) || !leafNumber(second, rightVariable, b) ||
+    if (!leafNumber(first, left, a) || !leafNumber(second, right, b) ||
         !computeNumbers(code, a, b, result))
         return OnLeave(node, processor);
     result.Store(freshResult(processor, *this));
@@ -377,144 +369,6 @@ Step ParserTree::UnaryOp::OnLeave(Node& node, MacroParser& processor) {
         SCL_ASSERT(false, "ParserTree::UnaryOp: unknown operator");
     }
     cell.value.Take(result);
-    adopt(*this, cell);
-    return node.GetStepAfter();
-}
-
-// --- Names -------------------------------------------------------------------------------------
-
-namespace {
-
-/// The object of the innermost `With` of the running procedure.
-UI_MacroVariant* withObject(MacroParser& processor) {
-    ExecutionContext* frame = processor.GetFrames().Top();
-    ContextBlock* block = frame ? frame->m_TopBlock : nullptr;
-    while (block && block->kind != ContextBlock::kWith)
-        block = block->below;
-    UI_MacroVariant* object = block ? block->object.getObject(false) : nullptr;
-    if (!object) {
-        if (block && block->active)
-            throw pbNotHandled; // the dialog went away in the middle of its block
-        processor.OnError(errInternal, SYS_String());
-    }
-    return object;
-}
-
-/// What the members of a dotted name belong to.
-UI_MacroVariant* prefixObject(MacroParser& processor, UI_MacroVariant& prefix) {
-    UI_MacroVariant* object = prefix.getObject(false);
-    if (object)
-        return object;
-    if (prefix.GetType() == vvtReference && prefix.getRefVal() == nullptr)
-        processor.OnError("Object required");
-    processor.OnError(withDescription("Object required", prefix.DescribeVar()));
-    return nullptr;
-}
-
-} // namespace
-
-/// Leave: 1 prefix and argument list, 2 scope, 3 property check of a watch, 4 call, 5 store.
-Step ParserTree::Object::OnLeave(Node& node, MacroParser& processor) {
-    Node* child = node.GetFirstChild();
-    if (!child && isPlainVariable && cachedNames == processor.GetNamesState()) {
-        UI_MacroVariantParam* variable =
-            processor.getExecutionStackVar(interned, name, cachedIndex);
-        if (!variable)
-            processor.OnError(errInternal, SYS_String());
-        freshResult(processor, *this).SetLValueVal(variable);
-        return node.GetStepAfter();
-    }
-    Node* prefix = child && child->Is(Kind::ObjectExec) ? child : nullptr;
-    Node* list = prefix ? prefix->GetNextSibling() : child;
-    Cell* prefixCell = prefix ? &operand(processor, prefix) : nullptr;
-    Cell* listCell = list ? &operand(processor, list) : nullptr;
-
-    UI_MacroVariant* args = nullptr;
-    int argc = 0;
-    if (listCell) {
-        UI_MacroArray& array = listCell->value.Arrval();
-        argc = array.GetCount();
-        args = argc ? array.WritableData() : &UI_MacroVariant::Null();
-    }
-
-    UI_MacroVariant result;
-    if (name.IsEmpty() && prefixCell) {
-        result = processor.evaluateDeref(prefixCell->value, name, args, argc, false);
-    } else if (!prefixCell && !hasDot) {
-        result = processor.evaluate(interned, name, args, argc, isCall);
-        isPlainVariable = !child && !isCall && processor.IsPlainVariable(interned);
-        cachedNames = processor.GetNamesState();
-    } else {
-        UI_MacroVariant* scope =
-            prefixCell ? prefixObject(processor, prefixCell->value) : withObject(processor);
-        if (processor.GetExecutionMode() == MacroSupport::emEvalPure &&
-            !scope->IsPropertyGet(name) && !scope->SetToPropertyGet())
-            processor.OnError(errInternal, SYS_String());
-        result = scope->Evaluate(name, args, argc);
-    }
-    if (listCell)
-        ExecutionContext::FreeCell(listCell);
-    freshResult(processor, *this).Take(result);
-    if (prefixCell)
-        ExecutionContext::FreeCell(prefixCell);
-    return node.GetStepAfter();
-}
-
-/// Enter: a plain variable is taken without a visit to its name.
-Step ParserTree::ObjectExec::OnEnter(Node& node, MacroParser& processor) {
-    Node* child = node.GetFirstChild();
-    if (UI_MacroVariantParam* variable = plainVariable(processor, child)) {
-        freshResult(processor, *this).SetLValueVal(variable);
-        return node.GetStepAfter();
-    }
-    return {child, false};
-}
-
-Step ParserTree::ObjectExec::OnLeave(Node& node, MacroParser& processor) {
-    Cell& cell = operand(processor, node.GetFirstChild());
-    UI_MacroVariant& value = cell.value;
-    switch (value.GetType()) {
-    case vvtReference: {
-        UI_MacroVariant* target = value.getRefVal();
-        if (target && target->GetRole() == UI_MacroVariant::Role::Variable)
-            break;
-        value.InitRVal();
-        target = value.getRefVal();
-        if (!target || target->GetRole() == UI_MacroVariant::Role::Plain) {
-            UI_MacroVariant copy = CopyOut(value.GetRVal());
-            value.Take(copy);
-        }
-        break;
-    }
-    case vvtFunction:
-        if (!value.GetFunctionHandler())
-            return processor.EnterProcedure(node, cell);
-        if (processor.GetExecutionMode() == MacroSupport::emEvalPure &&
-            IsMacroAction(value.GetFunctionHandler()))
-            processor.OnError(errInternal, SYS_String());
-        {
-            UI_MacroVariant result = value.Evaluate(nullptr, nullptr, 0);
-            value.Take(result);
-        }
-        break;
-    case vvtObject:
-        if (processor.GetExecutionMode() == MacroSupport::emEvalPure)
-            value.SetToPropertyGet();
-        if (value.GetWFlags() != 0)
-            MacroVariantAccess::Invoke(value);
-        break;
-    case vvtEmpty:
-    case vvtString:
-    case vvtInteger:
-    case vvtDouble:
-    case vvtBoolean:
-    case vvtArray:
-    case vvtMissing:
-    case vvtHandle:
-    case vvtScript:
-    case vvtUnknown:
-        break;
-    }
     adopt(*this, cell);
     return node.GetStepAfter();
 }

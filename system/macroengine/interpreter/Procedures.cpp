@@ -38,11 +38,23 @@ void refreshLayout(ParserTree::Function& function) {
     function.layoutState = function.locals.GetChanges();
 }
 
+/// Whether the buffer of an array may serve two variables until one of them writes. A Reference
+/// to an element would then stay with the wrong one.
+bool canShare(const UI_MacroVariant& value) {
+    return value.GetType() == vvtArray && !value.Arrval().IsEmpty() &&
+           !UI_MacroVariantItemRef::AnyLive();
+}
+
 /// Gives a parameter the caller's argument, as an alias or as a copy.
 void bindArgument(MacroParser& processor, const ParserTree::Argument& argument,
                   UI_MacroVariantParam& parameter, UI_MacroVariant& element) {
-    UI_MacroVariant* value = element.GetRVal();
+    const VariantValueType type = element.GetType();
     const bool byReference = argument.mode == 1;
+    if (type >= vvtString && type <= vvtBoolean && !argument.isArray) {
+        parameter.Take(element); // computed for this call alone
+        return;
+    }
+    UI_MacroVariant* value = element.GetRVal();
     if (!value && (byReference || argument.isArray))
         processor.OnError(errInternal, SYS_String());
     if (argument.isArray && value->GetType() != vvtArray)
@@ -58,6 +70,8 @@ void bindArgument(MacroParser& processor, const ParserTree::Argument& argument,
         else if (body->IsMacroEval() || body->GetType() == vvtObject ||
                  body->GetType() == vvtFunction)
             parameter.SetObjectRef(*body); // objects are shared even by value
+        else if (canShare(*body))
+            parameter.UI_MacroVariant::operator=(*body);
         else
             parameter.Assign(*body);
     }
@@ -96,17 +110,25 @@ void MacroParser::bindArguments(ParserTree::Function& function, ExecutionContext
     }
 }
 
-ParserTree::Step MacroParser::EnterProcedure(ParserTree::Node& call, ParserTree::Cell& target) {
-    const FunctionTableItem* item =
-        m_ExecutionMode == emEvalPure
-            ? nullptr
-            : m_Functions.Lookup(SYS_StrNoCase(target.value.GetFunctionName()));
+ParserTree::Step MacroParser::EnterProcedure(ParserTree::Node& call, ParserTree::Cell& target,
+                                             const FunctionTableItem* known) {
+    const SYS_String& name = target.value.GetFunctionName();
+    const FunctionTableItem* item = nullptr;
+    if (m_ExecutionMode != emEvalPure)
+        item = known && known->GetDeclaration()->name == name
+                   ? known
+                   : m_Functions.Lookup(SYS_StrNoCase(name));
     if (!item)
         OnError(errInternal, SYS_String());
     if (m_ContextStack->GetCount() > GetLimits().frames)
-        OnError(errDivisionByZero, "out of memory");
+        OnError(errRuntime, "out of memory");
     FunctionNode* function = item->GetDeclaration();
     refreshLayout(*function);
+
+    // The arguments are bound first: if that fails, nothing of the call remains, and the error is
+    // one of the calling line.
+    auto frame = std::make_unique<ExecutionContext>();
+    bindArguments(*function, *frame, target.value);
 
     auto block = std::make_unique<ContextBlock>();
     block->kind = ContextBlock::kCall;
@@ -116,17 +138,13 @@ ParserTree::Step MacroParser::EnterProcedure(ParserTree::Node& call, ParserTree:
     block->name = function->name;
     if (function->GetPosition())
         SwitchUnit(function->GetPosition()->script);
-
-    auto frame = std::make_unique<ExecutionContext>();
     frame->m_Source = m_Source;
     frame->m_Name = function->name;
     frame->m_Position = function->GetLine();
     frame->m_Function = function;
     frame->PushBlock(block.release());
-    ExecutionContext* pushed = frame.get();
     m_ContextStack->Push(frame.release());
     m_CurrentFunction = function;
-    bindArguments(*function, *pushed, target.value);
     ExecutionContext::FreeCell(&target);
     return {function, false};
 }

@@ -2,13 +2,37 @@
 
 #include "engine/Frames.h"
 
+namespace {
+
+int s_NativeRuns = 0;
+
+} // namespace
+
+EntryGuard::~EntryGuard() {
+    if (--m_Processor.m_Entries > 0)
+        return;
+    m_Processor.finishStop();
+    if (m_Processor.m_Abandoned)
+        delete &m_Processor;
+}
+
 RunGuard::RunGuard(MacroParser& processor)
     : m_Processor(processor), m_Function(processor.m_CurrentFunction),
-      m_Unit(processor.GetTree().GetCurrentUnit()),
-      m_Frames(processor.m_ContextStack->GetCount()),
+      m_Unit(processor.GetTree().GetCurrentUnit()), m_Frames(processor.m_ContextStack->GetCount()),
       m_Blocks(m_Frames ? processor.m_ContextStack->Top()->GetBlockDepth() : 0) {
-    if (processor.m_PlaybackDepth >= MacroSupport::GetLimits().nestedRuns)
+    if (s_NativeRuns >= MacroSupport::GetLimits().nestedRuns) {
+        struct Leave {
+            MacroParser& processor;
+            ~Leave() {
+                if (processor.m_PlaybackDepth == 0 && !processor.IsInEvaluation()) {
+                    processor.m_Current = {nullptr, false};
+                    processor.m_ExecutionMode = MacroSupport::emFinished;
+                }
+            }
+        } leave{processor};
         processor.OnError(errIllegalNesting, SYS_String());
+    }
+    ++s_NativeRuns;
     ++processor.m_PlaybackDepth;
 }
 
@@ -21,6 +45,7 @@ RunGuard::~RunGuard() {
     m_Processor.m_CurrentFunction = m_Function;
     if (m_Unit && m_Processor.GetTree().GetCurrentUnit() != m_Unit)
         m_Processor.GetTree().SetCurrentUnit(m_Unit);
+    --s_NativeRuns;
     --m_Processor.m_PlaybackDepth;
     if (m_Processor.m_PlaybackDepth > 0)
         return;
@@ -29,5 +54,4 @@ RunGuard::~RunGuard() {
         if (m_Processor.m_ExecutionMode != MacroSupport::emStopped)
             m_Processor.m_ExecutionMode = MacroSupport::emFinished;
     }
-    m_Processor.finishStop();
 }

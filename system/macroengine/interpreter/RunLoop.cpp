@@ -4,11 +4,11 @@
 #include <SCL_Assert.h>
 #include <UI_MacroProcessor.h>
 
-#include <new>
-#include <stdexcept>
+#include <utility>
 
 #include "engine/Frames.h"
 #include "interpreter/RunGuard.h"
+#include "interpreter/WithinMemory.h"
 #include "language/Scanner.h"
 #include "language/TreeBuilder.h"
 #include "values/Access.h"
@@ -44,9 +44,14 @@ MacroPlaybackResult MacroParser::Run(int resume, MacroSource* source, char const
     }
     if (!m_Current.node)
         return pbFailed;
+    const EntryGuard entry(*this);
+    if (resume == 0 && m_PlaybackDepth > 0)
+        OnError(errIllegalNesting, SYS_String()); // would walk the running step again
     RunGuard guard(*this);
-    if (resume != 0)
+    if (resume != 0) {
+        guard.SetDone();
         return ResumeWith(name);
+    }
     ExecutionStep();
     guard.SetDone();
     return Finish();
@@ -56,12 +61,14 @@ MacroPlaybackResult MacroParser::Finish() {
     m_Current = {nullptr, false};
     if (IsInEvaluation())
         return pbFinished;
+    CloseAllFiles();
     if (m_ExecutionMode != emStopped)
         m_ExecutionMode = emFinished;
     return pbFinished;
 }
 
 UI_MacroVariant MacroParser::Call(const SYS_String& function, UI_MacroVariant* args, int argc) {
+    const EntryGuard entry(*this);
     if (m_ContextStack->IsEmpty())
         pushBottomFrame();
     struct Saved {
@@ -89,7 +96,7 @@ UI_MacroVariant MacroParser::Call(const SYS_String& function, UI_MacroVariant* a
     MacroVariantAccess::SetArguments(target->value, args, args ? argc : 0);
     if (saved.changeMode)
         m_ExecutionMode = emRun;
-    m_Current = EnterProcedure(call, *target);
+    WithinMemory(*this, [&] { m_Current = EnterProcedure(call, *target); });
     ExecutionStep();
     guard.SetDone();
     UI_MacroVariant result;
@@ -102,30 +109,10 @@ void MacroParser::endCall(bool failed) {
     if (m_PlaybackDepth > 0)
         return;
     m_Current = {nullptr, false};
+    if (!failed)
+        CloseAllFiles();
     if (m_ExecutionMode != emStopped && (!m_Parent || failed))
         m_ExecutionMode = emFinished;
-}
-
-void MacroParser::RequestStop() {
-    m_ExecutionMode = emStopped;
-    m_Current = {nullptr, false};
-    m_StopPending = true;
-    finishStop();
-}
-
-void MacroParser::finishStop() {
-    if (!m_StopPending || m_PlaybackDepth > 0)
-        return;
-    m_StopPending = false;
-    Reset();
-    m_Source = nullptr;
-    if (ExecutionContext* bottom = m_ContextStack->Top()) {
-        bottom->m_Source = nullptr;
-        bottom->m_Position = m_Scanner->GetTokenLine();
-    }
-    m_Output = nullptr;
-    m_ExecutionMode = emStopped;
-    m_ContextStack->Clear();
 }
 
 // --- The dispatcher ----------------------------------------------------------------------------
@@ -133,7 +120,7 @@ void MacroParser::finishStop() {
 void MacroParser::ExecutionStep() {
     while (m_Current.node && m_ExecutionMode != emStopped) {
         try {
-            runInMode();
+            WithinMemory(*this, [this] { runInMode(); });
         } catch (MacroException& error) {
             if (IsInEvaluation() || !stopOnError(error))
                 throw;
@@ -142,53 +129,43 @@ void MacroParser::ExecutionStep() {
 }
 
 void MacroParser::runInMode() {
-    try {
-        if (IsExecuting())
-            m_LastExecuting = m_ExecutionMode;
-        bool byOwnRule = false;
-        switch (m_ExecutionMode) {
-        case emRun:
-            RunToBreak();
-            return;
-        case emStopped:
-        case emFinished:
-            m_Current = {nullptr, false};
-            return;
-        case emPaused:
-            pausedTurn();
-            return;
-        case emStepInto:
-            byOwnRule = RunStepInto();
-            break;
-        case emStepOut:
-            byOwnRule = RunStepOut();
-            break;
-        case emStepOver:
-            byOwnRule = RunStepOver();
-            break;
-        case emEval:
-        case emEvalPure:
-            RunFast();
-            return;
-        }
-        if (byOwnRule && m_Current.node) {
-            m_PausedAt = m_Current.node;
-            SetExecutionMode(emPaused);
-        }
-    } catch (const std::bad_alloc&) {
-        OnError(errDivisionByZero, "out of memory");
-    } catch (const std::length_error&) {
-        OnError(errDivisionByZero, "out of memory");
+    if (IsExecuting())
+        m_LastExecuting = m_ExecutionMode;
+    bool byOwnRule = false;
+    switch (m_ExecutionMode) {
+    case emRun:
+        RunToBreak();
+        return;
+    case emStopped:
+    case emFinished:
+        m_Current = {nullptr, false};
+        return;
+    case emPaused:
+        pausedTurn();
+        return;
+    case emStepInto:
+        byOwnRule = RunStepInto();
+        break;
+    case emStepOut:
+        byOwnRule = RunStepOut();
+        break;
+    case emStepOver:
+        byOwnRule = RunStepOver();
+        break;
+    case emEval:
+    case emEvalPure:
+        RunFast();
+        return;
     }
+    if (byOwnRule && m_Current.node)
+        SetExecutionMode(emPaused);
 }
 
 void MacroParser::pausedTurn() {
-    const auto& idle = GetHostHooks().idle;
-    if (idle) {
-        idle();
+    const bool nobody = !m_Source || m_Source->TakeNoDebuggerNote();
+    if (CallIdleHook())
         return;
-    }
-    if (!m_Source || m_Source->TakeNoDebuggerNote()) {
+    if (nobody) {
         m_ExecutionMode = m_LastExecuting; // nobody is there to resume the run
         return;
     }
@@ -221,17 +198,21 @@ bool MacroParser::CheckBreak(const ParserTree::Step& step) {
     }
     m_Source->SetPosition(m_Source->GetNextPosition());
     m_Source->SetNextPosition(line);
-    if (ExecutionContext* top = m_ContextStack->Top())
+    if (ExecutionContext* top = m_ContextStack->Top()) {
         top->m_Position = line;
+        if (top->m_Source.Get() != m_Source.Get())
+            top->m_Source = m_Source; // a script runs in the frame of its caller
+    }
     if (step.ascending)
         return false;
     const ExecutionMode mode = m_ExecutionMode;
     if (s_HasStatementHook) {
-        GetHostHooks().statement(line);
+        callStatementHook(line);
         if (m_ExecutionMode != mode)
             return true;
     }
-    return m_Source->IsBreakPoint(line) || m_ExecutionMode != mode;
+    const SCL_Pointer<MacroSource> keep(m_Source); // the answer may be to let go of it
+    return keep->IsBreakPoint(line) || m_ExecutionMode != mode;
 }
 
 /// Carries out the current step. False if the loop of `mode` must end.
@@ -249,6 +230,7 @@ bool MacroParser::takeStep(ParserTree::Step& step, ExecutionMode mode) {
 
 void MacroParser::RunToBreak() {
     SCL_ASSERT(m_Source, "MacroParser::RunToBreak: no source");
+    m_PausedAt = {};
     ParserTree::Step step = m_Current;
     do {
         if (step.node->IsStatementNode() && CheckBreak(step))
@@ -265,36 +247,39 @@ void MacroParser::RunFast() {
             continue;
         untilHook = kHookInterval;
         if (s_HasStatementHook) {
-            GetHostHooks().statement(step.node->GetLine());
+            callStatementHook(step.node->GetLine());
             if (m_ExecutionMode != mode)
                 return;
         }
     } while (takeStep(step, mode));
 }
 
+bool MacroParser::resumesAt(const ParserTree::Step& step) {
+    const ParserTree::Step paused = std::exchange(m_PausedAt, {});
+    return paused.node == step.node && paused.ascending == step.ascending;
+}
+
 bool MacroParser::RunStepInto() {
     ParserTree::Step step = m_Current;
-    ParserTree::Node* pausedAt = std::exchange(m_PausedAt, nullptr);
     do {
         if (step.node->IsStatementNode() && CheckBreak(step))
             return false;
-        if (!step.ascending && step.node->Is(ParserTree::Kind::Function) && step.node != pausedAt)
+        const bool resumed = resumesAt(step);
+        if (!resumed && !step.ascending && step.node->Is(ParserTree::Kind::Function))
             return true;
-        pausedAt = nullptr;
     } while (takeStep(step, emStepInto));
     return false;
 }
 
 bool MacroParser::RunStepOver() {
     ParserTree::Step step = m_Current;
-    ParserTree::Node* pausedAt = std::exchange(m_PausedAt, nullptr);
     const auto* startFunction = m_CurrentFunction;
     const long startLine = m_Source ? m_Source->GetNextPosition() : -1;
     bool left = false;
     do {
         if (step.node->IsStatementNode() && CheckBreak(step))
             return false;
-        if (step.node != pausedAt) {
+        if (!resumesAt(step)) {
             if (left)
                 return true;
             if (m_CurrentFunction == startFunction) {
@@ -307,31 +292,29 @@ bool MacroParser::RunStepOver() {
                 }
             }
         }
-        pausedAt = nullptr;
     } while (takeStep(step, emStepOver));
     return false;
 }
 
 bool MacroParser::RunStepOut() {
     ParserTree::Step step = m_Current;
-    ParserTree::Node* pausedAt = std::exchange(m_PausedAt, nullptr);
     const auto* startFunction = m_CurrentFunction;
     const long startLine = m_Source ? m_Source->GetNextPosition() : -1;
     bool left = false;
     do {
         if (step.node->IsStatementNode() && CheckBreak(step))
             return false;
-        if (left && step.node != pausedAt)
+        const bool resumed = resumesAt(step);
+        if (left && !resumed)
             return true;
         if (startFunction) {
             if (step.ascending && step.node == startFunction)
                 left = true;
-        } else if (step.node != pausedAt && !m_CurrentFunction && !step.ascending) {
+        } else if (!resumed && !m_CurrentFunction && !step.ascending) {
             const long line = step.node->GetLine();
             if (line > 0 && line != startLine)
                 return true;
         }
-        pausedAt = nullptr;
     } while (takeStep(step, emStepOut));
     return false;
 }

@@ -55,7 +55,8 @@ ParserTree::ScriptUnit* parseUnit(MacroParser& processor, const SYS_String& key)
     unit->source = source;
     tree.SetCurrentUnit(unit);
     if (!processor.ParseAll())
-        processor.OnError(static_cast<MacroERR_Code>(processor.GetLastErrorCode()), SYS_String());
+        throw MacroException(processor.GetLastErrorText(), key,
+                             static_cast<int>(processor.GetLastErrorLine()), source);
     rollback.unit = nullptr;
     return unit;
 }

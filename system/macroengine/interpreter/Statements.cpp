@@ -4,9 +4,11 @@
 
 #include <SCL_Assert.h>
 
+#include "interpreter/FileStatements.h"
 #include "interpreter/Leaves.h"
 #include "interpreter/ScriptExecution.h"
 #include "interpreter/Semantics.h"
+#include "values/CopyOut.h"
 
 using namespace semantics;
 
@@ -14,7 +16,7 @@ namespace {
 
 enum StatementCode {
     stCall = 0,
-    stLet = 1,
+    stLet = ParserTree::Statement::kLet,
     stSet = 2,
     stPrint = 3,
     stInput = 4,
@@ -23,18 +25,6 @@ enum StatementCode {
     stWidth = 7,
     stErase = 8
 };
-
-/// Whether a write through the value would end at a constant.
-bool leadsToConstant(const UI_MacroVariant& value) {
-    for (const UI_MacroVariant* v = &value; v;) {
-        if (v->isConstant())
-            return true;
-        if (v->GetType() != vvtReference)
-            return false;
-        v = v->getRefVal();
-    }
-    return false;
-}
 
 void refuseAssignment(MacroParser& processor, Node* target) {
     SYS_String name;
@@ -50,14 +40,14 @@ UI_MacroVariantParam* targetVariable(MacroParser& processor, Node* target) {
 }
 
 UI_MacroVariant& assignmentTarget(MacroParser& processor, Node* target) {
-    if (!processor.findResult(target))
-        if (UI_MacroVariantParam* variable = targetVariable(processor, target)) {
-            if (leadsToConstant(*variable))
-                refuseAssignment(processor, target);
-            return *variable;
-        }
+    if (!processor.findResult(target) && target->Is(Kind::Object) && !target->GetFirstChild()) {
+        UI_MacroVariantParam& variable = passedVariable(processor, target);
+        if (LeadsToConstant(variable))
+            refuseAssignment(processor, target);
+        return variable;
+    }
     UI_MacroVariant& value = operand(processor, target).value;
-    if (value.GetType() == vvtFunction || leadsToConstant(value))
+    if (value.GetType() == vvtFunction || LeadsToConstant(value))
         refuseAssignment(processor, target);
     if (value.GetType() == vvtReference && value.getRefVal())
         return *value.getRefVal();
@@ -74,19 +64,45 @@ void bindObject(MacroParser& processor, Node& node) {
     Node* target = node.GetFirstChild();
     Cell& source = operand(processor, target->GetNextSibling());
     UI_MacroVariant* object = source.value.getObject(false);
-    assignmentTarget(processor, target)
-        .SetObjectRef(object ? *object : UI_MacroVariant::Nothing());
+    assignmentTarget(processor, target).SetObjectRef(object ? *object : UI_MacroVariant::Nothing());
+}
+
+/// Carries out `array(index) = simple value` if nothing of it needs a visit.
+bool storeElement(MacroParser& processor, Node* target, Node* source) {
+    Leaf leaf;
+    if (!target->Is(Kind::Object) || !isReadable(processor, source, leaf) ||
+        processor.IsInEvaluation())
+        return false;
+    Scalar number;
+    const UI_MacroVariant* text = nullptr;
+    if (!leafNumber(source, leaf, number)) {
+        text = leaf.element ? leaf.element : readScalar(*leaf.variable);
+        if (!text || text->IsEmpty())
+            return false;
+    }
+    UI_MacroVariant value;
+    if (text)
+        value = *text;
+    else
+        number.Store(value);
+    auto* element = const_cast<UI_MacroVariant*>(leafElement<true>(processor, target));
+    if (element)
+        element->Take(value);
+    return element != nullptr;
 }
 
 } // namespace
 
-/// Enter: the target of an assignment to a plain variable is passed over.
+/// Enter: the target of an assignment to a plain variable is passed over, and an element that
+/// takes a value at hand is written at once.
 Step ParserTree::Statement::OnEnter(Node& node, MacroParser& processor) {
     Node* first = node.GetFirstChild();
     if (!first)
         return OnLeave(node, processor);
     if (code == stLet && targetVariable(processor, first))
         return {first->GetNextSibling(), false};
+    if (code == stLet && storeElement(processor, first, first->GetNextSibling()))
+        return node.GetStepAfter();
     return {first, false};
 }
 
@@ -118,19 +134,20 @@ Step ParserTree::Statement::OnLeave(Node& node, MacroParser& processor) {
         processor.OnRandomize(&operand(processor, first).value);
         break;
     case stPrint:
+        printToFile(node, processor);
+        break;
     case stInput:
+        inputFromFile(node, processor);
+        break;
     case stClose:
+        closeFiles(node, processor);
+        break;
     case stWidth:
-        processor.OnError(errDisabledOperation, SYS_String());
+        setFileWidth(node, processor);
         break;
     }
     if (code != stCall)
         for (Node* child = first; child; child = child->GetNextSibling())
             processor.releaseResult(child);
-    return node.GetStepAfter();
-}
-
-Step ParserTree::OpenFile::OnLeave(Node& node, MacroParser& processor) {
-    processor.OnError(errDisabledOperation, SYS_String());
     return node.GetStepAfter();
 }

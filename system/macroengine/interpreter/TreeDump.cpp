@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cstddef>
+#include <algorithm>
 #include <iterator>
 #include <string_view>
 
@@ -265,12 +266,20 @@ void dumpProcedures(const ParserTree::ScriptUnit& unit, std::string& out) {
     }
 }
 
+/// Deep chains would need more blanks than text: beyond a point the level stands as a number.
+void appendIndent(int level, std::string& out) {
+    constexpr int kDeepest = 100;
+    out.append(static_cast<std::size_t>(std::min(level, kDeepest)) * 2, ' ');
+    if (level > kDeepest)
+        out += '[' + std::to_string(level) + "] ";
+}
+
 } // namespace
 
 void DumpNode(const Node& node, std::string& out, int level) {
     const Node* at = &node;
     for (;;) {
-        out.append(static_cast<std::size_t>(level) * 2, ' ');
+        appendIndent(level, out);
         out += kNames[static_cast<std::size_t>(at->GetKind())];
         appendData(*at, out);
         out += '\n';

@@ -1,11 +1,14 @@
 // How a processor parses its source: one parser run for each text, or one over all the lines of
 // a source that gives them singly.
 
+#include <SCL_Path.h>
 #include <UI_MacroProcessor.h>
 
 #include <utility>
 
 #include "engine/Frames.h"
+#include "interpreter/RunGuard.h"
+#include "interpreter/WithinMemory.h"
 #include "language/Scanner.h"
 #include "language/Tokens.h"
 #include "language/TreeBuilder.h"
@@ -54,15 +57,18 @@ private:
 bool MacroParser::Parse() {
     if (!m_Source)
         return false;
+    const EntryGuard entry(*this);
     m_Tree->Clear();
-    if (auto* file = dynamic_cast<MacroSourceFile*>(m_Source.Get()); file && !file->IsReadable())
-        refuseSource();
     if (!IsInEvaluation())
         m_Functions.RemoveAll();
-    ParserTree::ScriptUnit* unit = m_Tree->GetUnit(m_Source->GetFileName());
+    const SYS_String name = m_Source->GetFileName();
+    ParserTree::ScriptUnit* unit =
+        m_Tree->GetUnit(name.IsEmpty() ? name : SCL::PathNormalize(name, true));
     unit->source = m_Source;
     m_Tree->SetCurrentUnit(unit);
-    if (!ParseAll())
+    bool done = false;
+    WithinMemory(*this, [&] { done = ParseAll(); });
+    if (!done || m_StopPending)
         return false;
     m_Current = {&unit->m_Root, false};
     return true;
@@ -70,7 +76,6 @@ bool MacroParser::Parse() {
 
 void MacroParser::refuseSource() {
     const SYS_String path = m_Source->GetFileName();
-    m_ExecutionMode = emFinished;
     MacroException error(errCannotOpenFile, path, 0, m_Source);
     error.AddParam(path);
     raise(error, errCannotOpenFile, 0);
@@ -82,7 +87,18 @@ bool MacroParser::ParseAll() {
     const bool underRun = m_Current.node != nullptr;
     ParserTree::ScriptUnit* unit = m_Tree->GetCurrentUnit();
     SCL_Pointer<MacroSource> source = m_Source;
-    try {
+    // A parse that is left by an exception, of whatever kind, has finished the run to be.
+    struct Mode {
+        MacroParser& processor;
+        bool settled;
+        ~Mode() {
+            if (!settled && processor.m_ExecutionMode != emStopped)
+                processor.m_ExecutionMode = emFinished;
+        }
+    } mode{*this, underRun};
+    int lastLine = 0;
+    bool isComplete = false;
+    {
         ParseState outer(*m_Tree, *m_Scanner, !underRun);
         ParsingFlag parsing(m_Parsing);
         m_Tree->m_Parent = &unit->m_Root;
@@ -92,29 +108,32 @@ bool MacroParser::ParseAll() {
         source->SetNextPosition(0);
         try {
             SYS_String text;
-            while (ParseLine(text)) {
+            while (!m_StopPending && ParseLine(text)) {
             }
         } catch (const MacroException&) {
-            source->SetNextPosition(m_Scanner->GetTokenLine());
+            source->SetNextPosition(m_Scanner->GetCurrentLine());
             throw;
         }
-        if (m_Tree->m_Parent == &unit->m_Root) {
+        lastLine = m_Scanner->GetTokenLine();
+        isComplete = !m_StopPending && m_Tree->m_Parent == &unit->m_Root;
+        if (isComplete) {
             m_Tree->FinishParse();
             source->SetPosition(0);
             source->SetNextPosition(-1);
-            return true;
+        } else if (!m_StopPending) {
+            noteOpenBlock();
         }
-        noteOpenBlock();
-    } catch (const MacroException&) {
-        if (!underRun)
-            m_ExecutionMode = emFinished;
-        throw;
     }
-    // Under a run the caller drops this unit alone and the macro that runs stays.
-    if (!underRun) {
-        m_Tree->Clear();
-        m_ExecutionMode = emStopped;
-    }
+    mode.settled = true;
+    if (underRun)
+        return isComplete; // if not, the caller drops this unit alone
+    m_Scanner->GetState().tokenLine = lastLine;
+    if (isComplete)
+        return true;
+    m_Tree->Clear();
+    if (!IsInEvaluation())
+        m_Functions.RemoveAll();
+    m_ExecutionMode = emStopped;
     return false;
 }
 
@@ -130,8 +149,14 @@ void MacroParser::noteOpenBlock() {
 }
 
 bool MacroParser::ParseLine(SYS_String& text) {
-    if (m_Scanner->GetState().restDropped || !m_Source->GetNextLine(text, true))
+    if (m_Scanner->GetState().restDropped)
         return false;
+    const SCL_Pointer<MacroSource> keep(m_Source);
+    if (!keep->GetNextLine(text, true)) {
+        if (auto* file = dynamic_cast<MacroSourceFile*>(keep.Get()); file && file->HasFailed())
+            refuseSource();
+        return false;
+    }
     ParseText(text, m_Source->LineByLine());
     return true;
 }
@@ -145,6 +170,7 @@ void MacroParser::ParseText(SYS_String& text, bool continues) {
     m_Scanner->SetText(&cursor);
     scan.text = &text;
     scan.prefixLeft = scan.expressionForm ? 3 : 0;
+    m_Builder->BeginText();
     ParsingFlag parsing(m_Parsing);
     try {
         if (ParseMacroText(*m_Builder) != 0)
@@ -171,9 +197,10 @@ int MacroParser::NextToken() {
             scan.lineOffset = 0;
             ++scan.currentLine;
             token = tokNewLine;
-        } else if (m_Source->GetNextLine(*scan.text, true)) {
+        } else if (!m_StopPending && m_Source->GetNextLine(*scan.text, true) && !m_StopPending) {
             *scan.cursor = scan.text->c_str();
             m_Scanner->BeginLine();
+            m_Builder->BeginText();
             token = m_Scanner->ScanToken();
         } else {
             scan.continuesText = false;
@@ -181,8 +208,11 @@ int MacroParser::NextToken() {
         }
     }
     m_Scanner->SetLastToken(token);
-    if (token == tokMisplacedDot)
+    if (token == tokMisplacedDot) {
         OnSyntaxError(GetParsePosition());
+        token = tokLeadingDot;
+        m_Scanner->GetState().lastToken = token;
+    }
     if (token < 0)
         scan.restDropped = true;
     return token;

@@ -259,18 +259,15 @@ void MacroScanner::integerValue(bool hexadecimal) {
 
 // Without the C library, whose decimal point is the host's.
 void MacroScanner::realValue() {
-    bool negativeExponent = false;
     const bool hexadecimal = m_Buffer[0] == '&';
     std::string text = m_Buffer;
-    for (char& c : text) {
+    for (char& c : text)
         if (SYS_ToLower(c) == 'd')
             c = 'e';
-        negativeExponent |= c == '-';
-    }
     double value = 0;
     auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::result_out_of_range)
-        value = negativeExponent ? 0.0 : std::numeric_limits<double>::infinity();
+        SYS_String(text).Value(&value, nullptr); // tells too small from too big
     m_Value.real = hexadecimal ? 0.0 : value;
 }
 

@@ -11,6 +11,9 @@
 class TreeBuilder {
 public:
     explicit TreeBuilder(MacroParser& processor) : m_Processor(processor) {}
+
+    /// A text begins: places in an earlier one mean nothing any more.
+    void BeginText() { m_IfClosedAt = nullptr; }
     TreeBuilder(const TreeBuilder&) = delete;
     TreeBuilder& operator=(const TreeBuilder&) = delete;
 

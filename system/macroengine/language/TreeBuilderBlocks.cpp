@@ -243,7 +243,7 @@ void TreeBuilder::ExitDo() { exitBlock(tokDo, Kind::DoLoop, errDoNotFound); }
 void TreeBuilder::exitProcedure(int token, bool isFunction, MacroERR_Code code) {
     auto* node = makeStatement<ParserTree::Exit>();
     node->token = token;
-    auto* procedure = node->GetFunction();
+    auto* procedure = tree().m_Function;
     if (!procedure || (procedure->isFunction != 0) != isFunction) {
         node->Unlink();
         fail(code);

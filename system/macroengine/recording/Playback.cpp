@@ -67,9 +67,10 @@ MacroPlaybackResult MacroParser::ResumeWith(char const* name) {
 /// The object of a name, looked up without making or refusing anything.
 UI_MacroVariant* MacroParser::findDialog(char const* name) {
     const MacroName* interned = MacroName::Intern(name);
+    unsigned place = 0;
     UI_MacroVariant* value = lookUpEntry(interned);
     if (!value)
-        value = findVariable(interned);
+        value = findVariable(interned, place);
     return value ? value->getObject(false) : nullptr;
 }
 

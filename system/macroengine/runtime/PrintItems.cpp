@@ -1,9 +1,21 @@
 #include "runtime/PrintItems.h"
 
-// Print never calls these; different results keep a linker from giving them one address.
+// Print itself never calls these; as values of their own they are text.
 
-UI_MacroVariant PrintItemTab(int, UI_MacroVariant*) { return UI_MacroVariant("Tab"); }
+namespace {
 
-UI_MacroVariant PrintItemSpc(int, UI_MacroVariant*) { return UI_MacroVariant("Spc"); }
+UI_MacroVariant repeat(char c, int argc, UI_MacroVariant* argv) {
+    const int count = argc > 0 && argv ? static_cast<int>(argv[0]) : 1;
+    return count > 0 ? UI_MacroVariant(SYS_String(c, static_cast<std::size_t>(count)))
+                     : UI_MacroVariant("");
+}
 
-UI_MacroVariant PrintItemSemicolon(int, UI_MacroVariant*) { return UI_MacroVariant(";"); }
+} // namespace
+
+UI_MacroVariant PrintItemTab(int argc, UI_MacroVariant* argv) { return repeat('\t', argc, argv); }
+
+UI_MacroVariant PrintItemSpc(int argc, UI_MacroVariant* argv) { return repeat(' ', argc, argv); }
+
+UI_MacroVariant PrintItemSemicolon(int argc, UI_MacroVariant* argv) {
+    return repeat(';', argc, argv);
+}

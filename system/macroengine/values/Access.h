@@ -2,6 +2,8 @@
 
 #include <UI_MacroVariant.h>
 
+#include <utility>
+
 class MacroEval;
 
 /// What the interpreter may do to a value beyond its public operations.
@@ -26,6 +28,10 @@ struct MacroVariantAccess {
     static void Invoke(UI_MacroVariant& value) { value.invokeObjectIfNeeded(); }
     static void SetArguments(UI_MacroVariant& value, UI_MacroVariant* args, int argc) {
         value.copyAgr(args, argc);
+    }
+    /// Moves the elements of a list into a pending call as its arguments.
+    static void AdoptArguments(UI_MacroVariant& value, UI_MacroVariant& list) {
+        std::swap(value.m_Parts, list.m_Parts);
     }
     static __int64 Integer(const UI_MacroVariant& value) { return value.m_Payload.integer; }
     static double Real(const UI_MacroVariant& value) { return value.m_Payload.real; }

@@ -17,4 +17,4 @@ UI_MacroVariant Fail(const SYS_String& message) {
     return processor->OnError(message);
 }
 
-UI_MacroVariant FailOutOfMemory() { return Fail(errDivisionByZero, "out of memory"); }
+UI_MacroVariant FailOutOfMemory() { return Fail(errRuntime, "out of memory"); }

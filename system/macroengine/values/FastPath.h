@@ -68,5 +68,62 @@ inline const UI_MacroVariant* readScalar(const UI_MacroVariant& operand) {
     }
 }
 
+/// The array behind a variable, if getting at it runs nothing of the host and it is no constant.
+inline const UI_MacroVariant* readArray(const UI_MacroVariant& variable) {
+    const UI_MacroVariant* at = &variable;
+    while (at->GetType() == vvtReference) {
+        const UI_MacroVariant* target = at->getRefVal();
+        if (!target || !readsThrough(*at))
+            return nullptr;
+        at = &liveElement(*target);
+    }
+    const bool isArray = at->GetType() == vvtArray && !at->isConstant() &&
+                         at->GetRole() != UI_MacroVariant::Role::Object;
+    return isArray ? at : nullptr;
+}
+
+/// Whether the value is Empty, a number, a Boolean or a text.
+inline bool isSimple(const UI_MacroVariant& value) {
+    switch (value.GetType()) {
+    case vvtEmpty:
+    case vvtString:
+    case vvtInteger:
+    case vvtDouble:
+    case vvtBoolean:
+        return true;
+    case vvtReference:
+    case vvtObject:
+    case vvtFunction:
+    case vvtArray:
+    case vvtMissing:
+    case vvtHandle:
+    case vvtScript:
+    case vvtUnknown:
+        return false;
+    }
+    return false;
+}
+
+/// The simple element of as many indices as the array has dimensions; null for anything that
+/// needs the general way, such as an error. `next` gives the indices, the last of the list first.
+/// An element that is to be written gets a buffer that nobody shares.
+template <bool ForWriting, class NextIndex>
+const UI_MacroVariant* selectElement(const UI_MacroVariant& array, int count, NextIndex&& next) {
+    if (array.GetArrNumDims() != count)
+        return nullptr;
+    const UI_MacroVariant* value = &array;
+    for (int i = 0; i < count; ++i) {
+        int index = 0;
+        if (value->GetType() != vvtArray || !next(index))
+            return nullptr;
+        const UI_MacroArray& level = value->Arrval();
+        const __int64 offset = static_cast<__int64>(index) - level.GetLowerBound();
+        if (offset < 0 || offset >= level.GetCount())
+            return nullptr;
+        value = ForWriting ? &level[index] : level.GetData() + offset;
+    }
+    return isSimple(*value) ? value : nullptr;
+}
+
 /// What a Reference finally refers to, made current if it is a property; null for Null.
 UI_MacroVariant* readTarget(const UI_MacroVariant& reference);

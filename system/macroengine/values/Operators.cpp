@@ -192,7 +192,7 @@ UI_MacroVariant UI_MacroVariant::Operators::IntegerDivide(const UI_MacroVariant&
                                                           const UI_MacroVariant& b) {
     __int64 divisor = b.convToLongLong();
     if (divisor == 0)
-        return Fail(errDivisionByZero);
+        return Fail(errRuntime);
     __int64 dividend = a.convToLongLong();
     if (divisor == -1) // the machine traps on the smallest integer
         return wrap(0 - bits(dividend));
@@ -204,7 +204,7 @@ UI_MacroVariant UI_MacroVariant::Operators::Remainder(const UI_MacroVariant& a,
     __int64 dividend = a.convToLongLong();
     __int64 divisor = b.convToLongLong();
     if (divisor == 0)
-        return Fail(errDivisionByZero);
+        return Fail(errRuntime);
     return divisor == -1 ? __int64{0} : dividend % divisor;
 }
 

@@ -31,6 +31,16 @@ UI_MacroVariant CopyOut(UI_MacroVariant* value) {
     return UI_MacroVariant(*value);
 }
 
+bool LeadsToConstant(const UI_MacroVariant& value) {
+    for (const UI_MacroVariant* v = &value; v; v = v->getRefVal()) {
+        if (v->isConstant())
+            return true;
+        if (v->GetType() != vvtReference)
+            return false;
+    }
+    return false;
+}
+
 // --- UI_MacroVariant -----------------------------------------------------------------------
 
 UI_MacroVariant* UI_MacroVariant::getBody() const {
@@ -225,7 +235,7 @@ void UI_MacroVariant::SetObjectRef(const UI_MacroVariant& src) {
         return;
     }
     UI_MacroVariant* target = GetLVal();
-    if (!target || target->isConstant()) {
+    if (!target || LeadsToConstant(*this)) {
         Fail("Object cannot be referenced");
         return;
     }
@@ -299,9 +309,8 @@ bool UI_MacroVariant::evaluateDereference(UI_MacroVariant* args, int argc, UI_Ma
             return out.evaluateDereference(args, argc, out, flag);
         out.m_IdOrArrayType = 0;
         out.m_FlagsOrDims = flag == derefPropertyGet ? DISPATCH_PROPERTYGET
-                            : flag == derefMethod
-                                ? DISPATCH_METHOD
-                                : DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+                            : flag == derefMethod    ? DISPATCH_METHOD
+                                                     : DISPATCH_METHOD | DISPATCH_PROPERTYGET;
         out.copyAgr(args, argc);
         return true;
     case vvtFunction:
@@ -474,8 +483,10 @@ void UI_MacroVariantParam::SetObjectRef(const UI_MacroVariant& src) {
     if (m_Constant)
         return;
     UI_MacroVariant* t = writeTarget();
-    if (t->isConstant())
+    if (t->isConstant()) {
+        Fail("Object cannot be referenced");
         return;
+    }
     if (&src == t) {
         Fail(errSetToItself);
         return;
@@ -488,9 +499,8 @@ void UI_MacroVariantParam::SetObjectRef(const UI_MacroVariant& src) {
         Fail(errArrayAssignment);
         return;
     }
-    UI_MacroVariant value = src.IsMacroEval()
-                                ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
-                                : UI_MacroVariant(src);
+    UI_MacroVariant value = src.IsMacroEval() ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
+                                              : UI_MacroVariant(src);
     t->Take(value);
 }
 
@@ -511,6 +521,8 @@ UI_MacroVariant* UI_MacroVariantParam::GetRVal() const {
 
 // --- UI_MacroVariantItemRef ----------------------------------------------------------------
 
+int UI_MacroVariantItemRef::s_LiveCount = 0;
+
 void* UI_MacroVariantItemRef::operator new(std::size_t size) {
     return SCL::cStaticAlloc().allocate(size);
 }
@@ -522,12 +534,13 @@ void UI_MacroVariantItemRef::operator delete(void* cell, std::size_t size) {
 UI_MacroVariantItemRef::UI_MacroVariantItemRef(UI_MacroVariant* element)
     : UI_MacroVariant(Role::Element), m_Element(element) {
     SCL_ASSERT(element != this, "UI_MacroVariantItemRef: an element cannot refer to itself");
+    ++s_LiveCount;
     SetDeletePending(true);
     if (element)
         UI_MacroVariant::operator=(*element);
 }
 
-UI_MacroVariantItemRef::~UI_MacroVariantItemRef() = default;
+UI_MacroVariantItemRef::~UI_MacroVariantItemRef() { --s_LiveCount; }
 
 UI_MacroVariantItemRef& UI_MacroVariantItemRef::operator=(const UI_MacroVariant& src) {
     if (UI_MacroVariant* element = m_Element)
@@ -571,9 +584,8 @@ void UI_MacroVariantItemRef::SetObjectRef(const UI_MacroVariant& src) {
         Fail(errSetToItself);
         return;
     }
-    UI_MacroVariant value = src.IsMacroEval()
-                                ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
-                                : UI_MacroVariant(src);
+    UI_MacroVariant value = src.IsMacroEval() ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
+                                              : UI_MacroVariant(src);
     if ((element->m_Type == vvtObject && element->GetWFlags() == 0) ||
         element->m_Type == vvtReference)
         element->Clear();

@@ -1,0 +1,59 @@
+// Every macro of the suite, cut at every byte: a result or an error, never a crash, a hang or a
+// leak.
+
+#include "MacroFiles.h"
+#include "macroengine/EngineFixture.h"
+
+namespace {
+
+using namespace macrofiles;
+
+constexpr int kStatements = 2000; // a cut may turn a loop into an endless one
+
+class Truncation : public EngineTest, public testing::WithParamInterface<std::string> {
+protected:
+    Truncation() : m_Console("Console") {
+        macro.Register(m_Console, "Console");
+        m_Console.On("Write", [] {});
+        m_Console.On("WriteLine", [] {});
+        MacroHostHooks hooks;
+        hooks.statement = [this](long) {
+            if (--m_Left == 0)
+                macro.Stop();
+        };
+        MacroSupport::SetHostHooks(hooks);
+        // Recursion that has lost its end stays small.
+        MacroLimits limits;
+        limits.frames = 1000;
+        MacroSupport::SetLimits(limits);
+    }
+
+    void runCut(std::string_view text, Feed feed) {
+        m_Left = kStatements;
+        try {
+            execute(textSource(text, feed));
+        } catch (const MacroException& error) {
+            EXPECT_FALSE(error.GetText().IsEmpty());
+        }
+        EXPECT_FALSE(processor().IsExecuting());
+    }
+
+private:
+    Recorder m_Console;
+    int m_Left = 0;
+};
+
+TEST_P(Truncation, GivesAResultOrAnError) {
+    const std::string text = ReadWholeFile((kFolder / GetParam()).string());
+    for (std::size_t length = 0; length < text.size(); ++length) {
+        SCOPED_TRACE(GetParam() + ", " + std::to_string(length) + " bytes");
+        runCut(std::string_view(text).substr(0, length),
+               length % 2 ? Feed::LineByLine : Feed::Whole);
+        if (HasFailure())
+            return;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Truncation, testing::ValuesIn(findMacros()), testName);
+
+} // namespace

@@ -1,0 +1,417 @@
+#include "EngineFixture.h"
+
+namespace {
+
+using Tree = ParserTree;
+using Node = Tree::Node;
+using Kind = Tree::Kind;
+using DimNode = Tree::NodeImpl<Tree::Dim, true>;
+using IfNode = Tree::NodeImpl<Tree::If, true>;
+using ForNode = Tree::NodeImpl<Tree::ForStm, true>;
+using LoopNode = Tree::NodeImpl<Tree::DoLoop, true>;
+using FunctionNode = Tree::NodeImpl<Tree::Function, false>;
+using NumberNode = Tree::NodeImpl<Tree::LongValue, false>;
+using MinusNode = Tree::NodeImpl<Tree::UnaryOp, false>;
+
+using Nodes = std::vector<const Node*>;
+
+/// The children from the first on; checks both directions of the ring.
+Nodes childrenOf(const Node& parent) {
+    Nodes children;
+    for (const Node* child = parent.GetFirstChild(); child; child = child->GetNextSibling()) {
+        EXPECT_EQ(child->GetParent(), &parent);
+        EXPECT_EQ(child->GetPreviousSibling(), children.empty() ? nullptr : children.back());
+        children.push_back(child);
+    }
+    EXPECT_EQ(parent.GetLastChild(), children.empty() ? nullptr : children.back());
+    return children;
+}
+
+void expectDetached(const Node& node) {
+    EXPECT_EQ(node.GetParent(), nullptr);
+    EXPECT_EQ(node.GetNextSibling(), nullptr);
+    EXPECT_EQ(node.GetPreviousSibling(), nullptr);
+}
+
+/// A parser without a door.
+class ParserTreeTest : public testing::Test {
+protected:
+    bool parse(std::string_view text) {
+        processor.SetSource(new MemorySource(text));
+        return processor.Parse();
+    }
+    Tree& tree() { return processor.GetTree(); }
+    Tree::ScriptUnit& unit() { return *tree().GetCurrentUnit(); }
+    Tree::Position* line(std::size_t number) {
+        return number < unit().m_Lines.size() ? unit().m_Lines[number] : nullptr;
+    }
+
+    MacroParser processor{true};
+};
+
+class TreeCellsTest : public EngineTest {
+protected:
+    /// How many nodes of a procedure still hold a value.
+    static int cellsOf(const char* procedure) {
+        const FunctionTableItem* const item = processor().GetProcedures().Lookup(procedure);
+        if (!item) {
+            ADD_FAILURE() << "no procedure " << procedure;
+            return -1;
+        }
+        int count = 0;
+        Node* const top = item->GetDeclaration();
+        for (Node* node = top; node;) {
+            if (node->GetResult() && node->GetResult()->GetTop())
+                ++count;
+            Node* next = node->GetFirstChild();
+            while (!next && node != top) {
+                next = node->GetNextSibling();
+                if (!next)
+                    node = node->GetParent();
+            }
+            node = next;
+        }
+        return count;
+    }
+};
+
+} // namespace
+
+// --- Links
+// ----------------------------------------------------------------------------------------
+
+TEST_F(ParserTreeTest, ChildrenFormARing) {
+    DimNode parent, other, a, b, c;
+    parent.AppendChild(&b);
+    EXPECT_EQ(childrenOf(parent), (Nodes{&b}));
+    parent.AppendChild(&c);
+    parent.PrependChild(&a);
+    EXPECT_EQ(childrenOf(parent), (Nodes{&a, &b, &c}));
+
+    parent.AppendChild(&a); // a node that is a child already moves
+    EXPECT_EQ(childrenOf(parent), (Nodes{&b, &c, &a}));
+    parent.PrependChild(&c);
+    EXPECT_EQ(childrenOf(parent), (Nodes{&c, &b, &a}));
+    parent.PrependChild(&c);
+    parent.AppendChild(&a);
+    EXPECT_EQ(childrenOf(parent), (Nodes{&c, &b, &a}));
+
+    parent.AppendChild(&parent); // of no effect
+    parent.PrependChild(&parent);
+    EXPECT_EQ(childrenOf(parent), (Nodes{&c, &b, &a}));
+    expectDetached(parent);
+
+    other.AppendChild(&b); // and so does one of another parent
+    EXPECT_EQ(childrenOf(parent), (Nodes{&c, &a}));
+    EXPECT_EQ(childrenOf(other), (Nodes{&b}));
+
+    c.Unlink();
+    expectDetached(c);
+    EXPECT_EQ(childrenOf(parent), (Nodes{&a}));
+    c.Unlink();
+    a.Unlink();
+    b.Unlink();
+    EXPECT_EQ(childrenOf(parent), Nodes{});
+    EXPECT_EQ(childrenOf(other), Nodes{});
+    expectDetached(a);
+}
+
+TEST_F(ParserTreeTest, TheWalkGoesDownAcrossAndUp) {
+    Node root;
+    DimNode parent, first, last;
+    root.AppendChild(&parent);
+    parent.AppendChild(&first);
+    parent.AppendChild(&last);
+    const auto expectStep = [](Tree::Step step, const Node* node, bool ascending) {
+        EXPECT_EQ(step.node, node);
+        EXPECT_EQ(step.ascending, ascending);
+    };
+    expectStep(root.Enter(processor), &parent, false);
+    expectStep(parent.Enter(processor), &first, false);
+    expectStep(first.Enter(processor), &last, false); // a leaf goes straight on
+    expectStep(last.Enter(processor), &parent, true);
+    expectStep(parent.Leave(processor), &root, true); // an only child ascends at once
+    expectStep(root.Leave(processor), nullptr, false);
+    EXPECT_TRUE(parent.IsStatement());
+    EXPECT_FALSE(root.IsStatement());
+    for (Node* node :
+         {static_cast<Node*>(&last), static_cast<Node*>(&first), static_cast<Node*>(&parent)})
+        node->Unlink();
+}
+
+TEST_F(ParserTreeTest, SearchesForALoopStayInTheProcedure) {
+    ForNode outerFor;
+    FunctionNode function;
+    LoopNode loop;
+    IfNode condition;
+    DimNode inner;
+    outerFor.AppendChild(&function);
+    function.AppendChild(&loop);
+    loop.AppendChild(&condition);
+    condition.AppendChild(&inner);
+
+    EXPECT_EQ(inner.FindEnclosing(Kind::If), &condition);
+    EXPECT_EQ(inner.FindEnclosing(Kind::DoLoop), &loop);
+    EXPECT_EQ(inner.FindEnclosing(Kind::ForStm), nullptr);
+    EXPECT_EQ(function.FindEnclosing(Kind::DoLoop), nullptr);
+    EXPECT_EQ(inner.GetFunction(), &function);
+    EXPECT_EQ(outerFor.GetFunction(), nullptr);
+    for (Node* node : {static_cast<Node*>(&inner), static_cast<Node*>(&condition),
+                       static_cast<Node*>(&loop), static_cast<Node*>(&function)})
+        node->Unlink();
+}
+
+// --- Lines
+// ----------------------------------------------------------------------------------------
+
+TEST_F(ParserTreeTest, LineRecordsAreMadeOnceRevivedAndRecycled) {
+    ASSERT_TRUE(parse(""));
+    Tree::Position* const five = tree().GetOrCreatePosition(nullptr, 5);
+    ASSERT_NE(five, nullptr);
+    EXPECT_EQ(five->line, 5);
+    EXPECT_EQ(five->script, &unit());
+    ASSERT_EQ(unit().m_Lines.size(), 6u);
+    EXPECT_EQ(unit().m_Lines[4], nullptr);
+    EXPECT_EQ(tree().GetOrCreatePosition(nullptr, 5), five);
+
+    five->line = -1;
+    EXPECT_EQ(tree().GetOrCreatePosition(nullptr, 5), five);
+    EXPECT_EQ(five->line, 5);
+
+    Node* const first = tree().CreateAt<DimNode>(five);
+    EXPECT_EQ(five->firstNode, first);
+    Node* const second = tree().CreateAt<DimNode>(five);
+    EXPECT_EQ(five->firstNode, first);
+    EXPECT_EQ(five->lastNode, second);
+    EXPECT_EQ(second->GetPosition(), five);
+    EXPECT_EQ(second->GetLine(), 5);
+    second->Release(tree());
+    EXPECT_EQ(five->lastNode, first);
+
+    Tree::Position* const eight = tree().GetOrCreatePosition(nullptr, 8);
+    unit().m_Lines[8] = nullptr;
+    unit().m_FreePositions.push_back(eight);
+    EXPECT_EQ(tree().GetOrCreatePosition(nullptr, 2), eight);
+    EXPECT_EQ(eight->line, 2);
+    EXPECT_TRUE(unit().m_FreePositions.empty());
+
+    AssertRecorder asserts;
+    EXPECT_EQ(tree().GetOrCreatePosition(nullptr, -1), nullptr);
+    EXPECT_EQ(asserts.Take().size(), 1u);
+}
+
+TEST_F(ParserTreeTest, LinesOfBlocksKnowEachOther) {
+    struct Row {
+        const char* text; // its block goes from line 1 to line 3
+        Kind kind;
+    };
+    const Row rows[] = {
+        {"\nFor i = 1 To 2\n x = 1\nNext\n", Kind::ForStm},
+        {"\nFor Each i In a\n x = 1\nNext\n", Kind::ForStm},
+        {"\nWhile x\n x = 1\nWend\n", Kind::WhileWend},
+        {"\nDo\n x = 1\nLoop\n", Kind::DoLoop},
+        {"\nDo\n x = 1\nLoop Until x\n", Kind::DoLoop},
+        {"\nDo While x\n x = 1\nLoop\n", Kind::DoLoop},
+        {"\nWith x\n x = 1\nEnd With\n", Kind::With},
+        {"\nSub s\n x = 1\nEnd Sub\n", Kind::Function},
+        {"\nFunction f(a)\n x = 1\nEnd Function\n", Kind::Function},
+    };
+    for (const Row& row : rows) {
+        ASSERT_TRUE(parse(row.text)) << row.text;
+        Tree::Position* const begin = line(1);
+        Tree::Position* const end = line(3);
+        ASSERT_NE(begin, nullptr) << row.text;
+        ASSERT_NE(end, nullptr) << row.text;
+        EXPECT_EQ(begin->blockEnd, end) << row.text;
+        EXPECT_EQ(end->blockBegin, begin) << row.text;
+        EXPECT_EQ(begin->blockBegin, nullptr) << row.text;
+        EXPECT_EQ(end->blockEnd, nullptr) << row.text;
+        ASSERT_NE(begin->scope, nullptr) << row.text;
+        EXPECT_TRUE(begin->scope->Is(row.kind)) << row.text;
+        EXPECT_EQ(end->scope, &unit().m_Root) << row.text;
+        ASSERT_NE(line(2), nullptr) << row.text;
+        EXPECT_EQ(line(2)->blockBegin, nullptr) << row.text;
+        EXPECT_EQ(line(2)->line, 2) << row.text;
+    }
+}
+
+TEST_F(ParserTreeTest, ProceduresStandOutsideTheWalk) {
+    ASSERT_TRUE(parse("Sub s\n  x = 1\nEnd Sub\ny = 2\n"));
+    const Nodes statements = childrenOf(unit().m_Root);
+    ASSERT_EQ(statements.size(), 1u);
+    EXPECT_EQ(statements[0]->GetLine(), 3);
+    const FunctionTableItem* const item = processor.GetProcedures().Lookup("S");
+    ASSERT_NE(item, nullptr);
+    EXPECT_TRUE(item->HasBody());
+    ASSERT_EQ(childrenOf(*item->GetDeclaration()).size(), 2u);
+    EXPECT_TRUE(item->GetDeclaration()->GetLastChild()->Is(Kind::FunctionEnd));
+    expectDetached(*item->GetDeclaration());
+}
+
+TEST_F(ParserTreeTest, ChildrenAreSortedByLineAndStayInOrderWithinALine) {
+    ASSERT_TRUE(parse(""));
+    const auto at = [&](long number) {
+        return tree().CreateAt<DimNode>(tree().GetOrCreatePosition(nullptr, number));
+    };
+    Node* const three = at(3);
+    Node* const one = at(1);
+    Node* const none = tree().CreateAt<DimNode>(nullptr);
+    Node* const oneMore = at(1);
+    Node* const two = at(2);
+    Node& root = unit().m_Root;
+    for (Node* node : {three, one, none, oneMore, two})
+        root.AppendChild(node);
+    Tree::SortChildrenByLine(root);
+    EXPECT_EQ(childrenOf(root), (Nodes{none, one, oneMore, two, three}));
+    Tree::SortChildrenByLine(root);
+    EXPECT_EQ(childrenOf(root), (Nodes{none, one, oneMore, two, three}));
+    Tree::SortChildrenByLine(*one);
+    EXPECT_EQ(childrenOf(*one), Nodes{});
+    none->Release(tree()); // no line record would free it
+}
+
+// --- Life of nodes
+// --------------------------------------------------------------------------------
+
+TEST_F(ParserTreeTest, ReleasingANodeLeavesItsChildrenAlive) {
+    ASSERT_TRUE(parse(""));
+    Node* const parent = tree().Create<IfNode>();
+    Node* const child = tree().Create<DimNode>();
+    unit().m_Root.AppendChild(parent);
+    parent->AppendChild(child);
+    parent->Release(tree());
+    EXPECT_EQ(childrenOf(unit().m_Root), Nodes{});
+    expectDetached(*child);
+    child->Release(tree());
+}
+
+TEST_F(ParserTreeTest, ARootIsNeverReleased) {
+    ASSERT_TRUE(parse("x = 1\ny = 2"));
+    {
+        AssertRecorder asserts;
+        unit().m_Root.Release(tree());
+        EXPECT_EQ(asserts.Take().size(), 1u);
+    }
+    ASSERT_NE(tree().GetCurrentUnit(), nullptr);
+    EXPECT_TRUE(unit().m_Root.Is(Kind::Root));
+}
+
+TEST_F(ParserTreeTest, AFailedParseLeavesNothingBehind) {
+    const std::string good =
+        "Option Explicit\n"
+        "Dim a(3), x, i\n"
+        "Const c = -1\n"
+        "For i = 1 To 2 : x = x + i * (2 - c) : Next i\n"
+        "If x > 1 And Not i Then\n  a(1) = \"t\" & x\nElseIf x Then\nElse\nEnd If\n"
+        "Select Case x\nCase 1, 2\n  x = 1\nCase Else\n  x = 2\nEnd Select\n"
+        "Do While x < 3\n  x = x + 1\n  Exit Do\nLoop\n"
+        "With a\n  .b(1)(2).c 1, , 3\nEnd With\n"
+        "ReDim x(1 To 3, 4)\n"
+        "Function f(ByVal n, m())\n  f = f(n - 1, m)\n  Exit Function\nEnd Function\n"
+        "Set x = Nothing : Erase a\n"
+        "Open \"f\" For Input As #1\nPrint #1, x; Tab(3) i\nClose #1\n";
+    ASSERT_TRUE(parse(good));
+    const std::size_t statements = childrenOf(unit().m_Root).size();
+    int failures = 0;
+    for (std::size_t length = 0; length < good.size(); ++length) {
+        bool parsed = false;
+        try {
+            parsed = parse(good.substr(0, length));
+        } catch (const MacroException& error) {
+            EXPECT_EQ(error.GetText().View().substr(0, 7), "Syntax ") << good.substr(0, length);
+        }
+        failures += parsed ? 0 : 1;
+    }
+    EXPECT_GT(failures, 100);
+    ASSERT_TRUE(parse(good));
+    EXPECT_EQ(childrenOf(unit().m_Root).size(), statements);
+    tree().Clear();
+    EXPECT_EQ(tree().GetCurrentUnit(), nullptr);
+    EXPECT_EQ(tree().m_GlobalNames.GetCount(), 0);
+    EXPECT_EQ(processor.Current().node, nullptr);
+}
+
+TEST_F(ParserTreeTest, AVeryDeepTreeIsFreedWithoutRecursion) {
+    ASSERT_TRUE(parse(""));
+    Node* parent = &unit().m_Root;
+    for (int i = 0; i < 300000; ++i) {
+        Node* const child = tree().Create<MinusNode>();
+        parent->AppendChild(child);
+        parent = child;
+    }
+    parent->AppendChild(tree().Create<NumberNode>());
+    tree().Clear();
+    EXPECT_EQ(tree().GetCurrentUnit(), nullptr);
+    EXPECT_TRUE(parse("x = 1"));
+}
+
+TEST_F(ParserTreeTest, VeryLongAndVeryNestedTextIsParsedOrRefused) {
+    std::string text;
+    for (int i = 0; i < 100000; ++i)
+        text += "x = x + 1\n";
+    ASSERT_TRUE(parse(text));
+    EXPECT_EQ(unit().m_Root.GetLastChild()->GetLine(), 99999);
+    EXPECT_THROW(parse("x = " + std::string(300000, '-') + "1"), MacroException);
+    EXPECT_THROW(parse("x = " + std::string(300000, '(') + "1"), MacroException);
+    ASSERT_TRUE(parse("x = ------1"));
+    EXPECT_EQ(childrenOf(unit().m_Root).size(), 1u);
+}
+
+// --- Values
+// ---------------------------------------------------------------------------------------
+
+TEST_F(TreeCellsTest, OperandsOfOuterCallsSurviveTheInnerOnes) {
+    struct Calls {
+        static int f(int n) { return n <= 0 ? 1 : (n + 1) * 10 + f(n - 1) * 2 - f(n - 2) + n; }
+    };
+    EXPECT_EQ(runText("Log.Add f(12), f(3) & g(f(1), f(2))\n"
+                      "Function f(n)\n"
+                      "  If n <= 0 Then\n"
+                      "    f = 1\n"
+                      "  Else\n"
+                      "    f = (n + 1) * 10 + f(n - 1) * 2 - f(n - 2) + n\n"
+                      "  End If\n"
+                      "End Function\n"
+                      "Function g(a, b)\n"
+                      "  g = \" \" & a & \",\" & b\n"
+                      "End Function\n"),
+              (Lines{std::to_string(Calls::f(12)), std::to_string(Calls::f(3)) + " " +
+                                                       std::to_string(Calls::f(1)) + "," +
+                                                       std::to_string(Calls::f(2))}));
+    EXPECT_EQ(cellsOf("f"), 0);
+    EXPECT_EQ(cellsOf("g"), 0);
+}
+
+TEST_F(TreeCellsTest, AnErrorDeepDownLeavesNoValues) {
+    EXPECT_EQ(runText("Log.Add f(20)\n"
+                      "Function f(n)\n"
+                      "  If n = 0 Then nothere 1\n"
+                      "  f = n + f(n - 1) * 2\n"
+                      "End Function\n"),
+              Lines{"Object doesn't support this property or method: 'nothere'"});
+    EXPECT_EQ(cellsOf("f"), 0);
+}
+
+TEST_F(ParserTreeTest, ANodeThatEndsTakesItsValuesWithIt) {
+    DimNode noValue;
+    {
+        NumberNode early;
+        EXPECT_EQ(processor.getResultVal(&early), nullptr); // no frame yet
+    }
+    ASSERT_TRUE(parse(""));
+    EXPECT_EQ(processor.getResultVal(&noValue), nullptr);
+    {
+        NumberNode node;
+        EXPECT_EQ(processor.findResult(&node), nullptr);
+        Tree::Cell* const cell = processor.getResultVal(&node);
+        ASSERT_NE(cell, nullptr);
+        EXPECT_TRUE(cell->value.IsEmpty());
+        cell->value = UI_MacroVariant("a text of some length that has to be freed again");
+        EXPECT_EQ(processor.getResultVal(&node), cell);
+        EXPECT_EQ(processor.findResult(&node), cell);
+        processor.releaseResult(&node);
+        EXPECT_EQ(processor.findResult(&node), nullptr);
+        EXPECT_NE(processor.getResultVal(&node), nullptr);
+    }
+    processor.Reset(); // frees the frame, which must not know the node any more
+}

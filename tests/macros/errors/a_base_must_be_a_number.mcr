@@ -1,0 +1,3 @@
+Dim x
+x = True ^ 2
+' error: 2: Error: Invalid base: 

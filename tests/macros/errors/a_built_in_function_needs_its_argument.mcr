@@ -1,0 +1,2 @@
+Console.WriteLine Abs()
+' error: 1: Error: Incorrect function argument(s): 

@@ -1,0 +1,2 @@
+Console.WriteLine("a"), "b"
+' error: 1: Mismatch between the argument lists

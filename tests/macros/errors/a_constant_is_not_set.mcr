@@ -1,0 +1,3 @@
+Const c = 1
+Set c = Console
+' error: 2: Illegal assignment: 'c'

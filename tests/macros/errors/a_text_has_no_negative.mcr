@@ -1,0 +1,3 @@
+Dim x
+x = -"5"
+' error: 2: Error: Invalid type: 

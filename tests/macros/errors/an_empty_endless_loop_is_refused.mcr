@@ -1,0 +1,3 @@
+Dim x
+Do : Loop
+' error: 2: Loop without end

@@ -1,0 +1,4 @@
+Dim a
+If a Then
+Console.WriteLine a
+' error: 5: Syntax error: 

@@ -1,0 +1,3 @@
+Dim x
+Dim y As Long
+' error: 2: Syntax error: 

@@ -1,0 +1,3 @@
+Sub s
+End Function
+' error: 2: Error: Not in sub: 

@@ -1,0 +1,3 @@
+x = 1
+End If
+' error: 2: Syntax error: 

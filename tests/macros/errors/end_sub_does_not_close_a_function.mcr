@@ -1,0 +1,3 @@
+Function f
+End Sub
+' error: 2: Error: Not in function: 

@@ -1,0 +1,5 @@
+Sub s
+Exit Sub
+Exit Function
+End Sub
+' error: 3: Error: Not in function: 

@@ -1,0 +1,5 @@
+Function f
+Exit Function
+Exit Sub
+End Function
+' error: 3: Error: Not in sub: 

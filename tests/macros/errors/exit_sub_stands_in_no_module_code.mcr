@@ -1,0 +1,3 @@
+Dim a
+Exit Sub
+' error: 2: Error: Not in sub: 

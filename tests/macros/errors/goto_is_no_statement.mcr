@@ -1,0 +1,3 @@
+x = 1
+Goto x
+' error: 2: Syntax error: 

@@ -1,0 +1,2 @@
+Option Compare
+' error: 1: Syntax error: 

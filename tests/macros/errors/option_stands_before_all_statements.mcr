@@ -1,0 +1,3 @@
+x = 1
+Option Explicit
+' error: 2: Expected statement

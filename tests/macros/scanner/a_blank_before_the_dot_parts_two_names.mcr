@@ -1,0 +1,3 @@
+Console.WriteLine "never"
+Console .WriteLine "x"
+' error: 2: Syntax error: 

@@ -1,0 +1,2 @@
+﻿Console.WriteLine "behind a mark"
+' > behind a mark

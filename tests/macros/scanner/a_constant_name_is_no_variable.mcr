@@ -1,0 +1,3 @@
+x = vbCrLf
+vbCrLf = 1
+' error: 2: Syntax error: 

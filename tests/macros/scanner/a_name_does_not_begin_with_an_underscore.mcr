@@ -1,0 +1,3 @@
+x_ = 1
+_x = 1
+' error: 2: Syntax error: 

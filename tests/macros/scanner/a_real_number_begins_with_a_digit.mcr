@@ -1,0 +1,3 @@
+x = 0.5
+x = .5
+' error: 2: Syntax error: 

@@ -1,0 +1,3 @@
+x = 1 & 2
+x = 1&2
+' error: 2: Syntax error: 

@@ -1,0 +1,5 @@
+Console.WriteLine "first"
+Console.WriteLine "second
+Console.WriteLine "never"
+' > first
+' > 

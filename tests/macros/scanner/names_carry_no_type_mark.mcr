@@ -1,0 +1,3 @@
+x1 = "x"
+x2$ = "x"
+' error: 2: Syntax error: 

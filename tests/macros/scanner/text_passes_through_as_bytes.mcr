@@ -1,0 +1,3 @@
+Console.WriteLine "é€", Len("é")
+' bytes é in a comment
+' > é€2

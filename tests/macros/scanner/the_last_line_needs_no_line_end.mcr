@@ -1,0 +1,2 @@
+Console.WriteLine "only line"
+' > only line
