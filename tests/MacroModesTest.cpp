@@ -26,6 +26,10 @@ public:
         }
         return false;
     }
+    MacroSource* Clone(char const* name) override {
+        return new DrivenSource(ReadWholeFile(name), LineByLine() ? Feed::LineByLine : Feed::Whole,
+                                m_Drive, name);
+    }
     void OnPause() override {
         ++pauses;
         goOn();
@@ -90,6 +94,20 @@ private:
     std::string m_Output;
 };
 
+/// The files that a macro reads stand beside it.
+class WorkingFolder {
+public:
+    explicit WorkingFolder(const fs::path& folder) : m_Old(fs::current_path()) {
+        fs::current_path(folder);
+    }
+    WorkingFolder(const WorkingFolder&) = delete;
+    WorkingFolder& operator=(const WorkingFolder&) = delete;
+    ~WorkingFolder() { fs::current_path(m_Old); }
+
+private:
+    const fs::path m_Old;
+};
+
 TEST_P(MacroModes, Agree) {
     const std::string path = (kFolder / GetParam()).string();
     const std::string text = ReadWholeFile(path);
@@ -102,6 +120,7 @@ TEST_P(MacroModes, Agree) {
     const bool hasMark = text.starts_with("\xEF\xBB\xBF");
     const std::string given = hasMark ? text.substr(3) : text;
 
+    const WorkingFolder folder(fs::path(path).parent_path());
     struct Way {
         const char* name;
         Feed feed;

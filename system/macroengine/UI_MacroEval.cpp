@@ -38,8 +38,8 @@ MacroEval::~MacroEval() {
         for (bool more = it.GetFirst(); more; more = it.Next())
             flushParent(it.GetValue().getRefVal());
     }
-    if (m_Parent)
-        m_Parent->Remove(*this, nullptr);
+    if (auto* parent = static_cast<MacroEval*>(m_Parent.Get()))
+        parent->Remove(*this, nullptr);
     m_Map = nullptr;
 }
 
@@ -106,7 +106,7 @@ void MacroEval::RemoveFromMacroParent() {
         parent->Remove(*this, nullptr);
 }
 
-MacroEval* MacroEval::GetEvalParent() { return m_Parent; }
+MacroEval* MacroEval::GetEvalParent() { return static_cast<MacroEval*>(m_Parent.Get()); }
 
 void MacroEval::SetEvalParent(MacroEval* parent) { m_Parent = parent; }
 

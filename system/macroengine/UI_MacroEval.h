@@ -83,7 +83,7 @@ private:
 
     SCC_SharedPointer<Map> m_Map;
     SYS_String m_Name;
-    MacroEval* m_Parent = nullptr;
+    SCC_SafePointer<UI_MacroVariant> m_Parent; // a MacroEval; it may end first
 };
 
 // The class templates of the descriptors need the class above.

@@ -4,6 +4,8 @@
 #include <SCL_Assert.h>
 #include <SCL_StaticAlloc.h>
 
+#include <utility>
+
 #include "values/Parts.h"
 
 namespace {
@@ -64,12 +66,10 @@ UI_MacroVariant::Parts& UI_MacroVariant::parts() {
 
 // Elements may hold arrays of their own, to any depth: what a dying array gives up is put on a
 // list and destroyed by the outermost call, so that no depth of nesting uses the native stack.
-void UI_MacroVariant::releaseParts() noexcept {
+void UI_MacroVariant::releaseParts(Parts* mine) noexcept {
     static Parts* pending = nullptr;
     static bool destroying = false;
 
-    Parts* mine = m_Parts;
-    m_Parts = nullptr;
     mine->next = pending;
     pending = mine;
     if (destroying)
@@ -97,15 +97,16 @@ void UI_MacroVariant::setCounted(IUnknown* object) {
 }
 
 void UI_MacroVariant::clearRest() {
-    // The target stays alive until this value is consistent: releasing it may delete it.
+    // Letting go may run host code, even end this value: that comes last, from locals.
     SCC_SafePointer<UI_MacroVariant> target = std::move(m_Target);
+    Parts* rest = std::exchange(m_Parts, nullptr);
     m_Text.Clear();
-    if (m_Parts)
-        releaseParts();
     m_Type = vvtEmpty;
     m_Payload.integer = 0;
     m_FlagsOrDims = 0;
     m_IdOrArrayType = 0;
+    if (rest)
+        releaseParts(rest);
 }
 
 void UI_MacroVariant::moveFrom(UI_MacroVariant& src) noexcept {
@@ -123,10 +124,19 @@ void UI_MacroVariant::moveFrom(UI_MacroVariant& src) noexcept {
     src.m_IdOrArrayType = 0;
     if (m_Type == vvtObject && m_Payload.dispatch && !(m_Parts && m_Parts->counted))
         setCounted(m_Payload.dispatch);
+    if (m_Type == vvtReference && m_Target.Get() == this) {
+        SCL_ASSERT(false, "UI_MacroVariant: a value cannot refer to itself");
+        m_Target = nullptr;
+    }
 }
 
 void UI_MacroVariant::Take(UI_MacroVariant& src) noexcept {
-    Clear();
+    if (!hasRest()) {
+        moveFrom(src);
+        return;
+    }
+    UI_MacroVariant old; // its end may run host code: it goes last
+    old.moveFrom(*this);
     moveFrom(src);
 }
 
@@ -236,19 +246,19 @@ void UI_MacroVariant::SetLValueVal(UI_MacroVariant* const target) {
 }
 
 void UI_MacroVariant::SetObjectVal(IDispatch* object, bool addRef) {
-    attachDispatchVal(object, addRef);
     m_Type = vvtObject;
+    attachDispatchVal(object, addRef);
 }
 
 void UI_MacroVariant::attachDispatchVal(IDispatch* object, bool addRef) {
-    setCounted(addRef ? object : nullptr);
     m_Payload.integer = 0;
     m_Payload.dispatch = object;
+    setCounted(addRef ? object : nullptr);
 }
 
 void UI_MacroVariant::SetUnknownObjectVal(IUnknown* object) {
-    setCounted(object);
     m_Type = vvtUnknown;
+    setCounted(object);
 }
 
 bool UI_MacroVariant::SetToPropertyGet() {

@@ -12,7 +12,9 @@
 #include <SCL_Types.h>
 #include <SYS_String.h>
 
+#include <concepts>
 #include <cstddef>
+#include <type_traits>
 
 struct IDispatch;
 struct IUnknown;
@@ -95,8 +97,9 @@ public:
     KEL_MCR_API UI_MacroVariant& operator[](int index) const;
     /// Adds a copy at the end.
     KEL_MCR_API void Append(const UI_MacroVariant& value);
-    /// Element 0 for reading, null when empty.
+    /// Element 0, null when empty. The writable form separates a shared buffer.
     const UI_MacroVariant* GetData() const { return Data(); }
+    UI_MacroVariant* GetData() { return IsEmpty() ? nullptr : WritableData(); }
     /// Not for use: asserts.
     KEL_MCR_API void CheckArray(int index) const;
 
@@ -114,7 +117,10 @@ public:
     UI_MacroVariant(unsigned value) noexcept;
     UI_MacroVariant(unsigned long value) noexcept;
     UI_MacroVariant(unsigned long long value) noexcept;
-    UI_MacroVariant(bool value) noexcept;
+    /// A Boolean; no pointer turns into one.
+    template <std::same_as<bool> T> UI_MacroVariant(T value) noexcept : m_Type(vvtBoolean) {
+        m_Payload.integer = value ? -1 : 0;
+    }
     UI_MacroVariant(double value) noexcept;
     /// A Handle.
     UI_MacroVariant(void* handle) noexcept;
@@ -257,6 +263,17 @@ public:
     UI_MacroVariant operator&(const UI_MacroVariant& rhs) const;
     UI_MacroVariant operator&&(const UI_MacroVariant& rhs) const;
     UI_MacroVariant operator||(const UI_MacroVariant& rhs) const;
+    // Literals on the right would otherwise also suit the operators of the language of the host.
+    template <class T>
+        requires std::is_arithmetic_v<T>
+    UI_MacroVariant operator&&(T rhs) const {
+        return *this && UI_MacroVariant(rhs);
+    }
+    template <class T>
+        requires std::is_arithmetic_v<T>
+    UI_MacroVariant operator||(T rhs) const {
+        return *this || UI_MacroVariant(rhs);
+    }
     UI_MacroVariant operator==(const UI_MacroVariant& rhs) const;
     UI_MacroVariant operator!=(const UI_MacroVariant& rhs) const;
     UI_MacroVariant operator<(const UI_MacroVariant& rhs) const;
@@ -323,7 +340,7 @@ private:
     };
 
     Parts& parts();
-    void releaseParts() noexcept;
+    static void releaseParts(Parts* mine) noexcept;
     void copyFrom(const UI_MacroVariant& src);
     void moveFrom(UI_MacroVariant& src) noexcept;
     void clearRest();
@@ -333,6 +350,7 @@ private:
                (m_IdOrArrayType == ArrayFixed || m_IdOrArrayType == ArrayDynamic);
     }
     void setCounted(IUnknown* object);
+    void dropElementCopies();
     void invokeObjectIfNeeded();
     void putObjectVal(const UI_MacroVariant& value, bool byRef);
     SYS_String describeKind() const;
@@ -371,6 +389,7 @@ public:
 private:
     UI_MacroVariant* reduce();
     UI_MacroVariant* writeTarget();
+    static bool takeScalar(UI_MacroVariant& t, const UI_MacroVariant& value);
 };
 
 /// Stands for an array element: reads and writes reach the element while it lives. Made on the
@@ -396,6 +415,9 @@ public:
 
 private:
     static int s_LiveCount;
+    void refresh();
+    UI_MacroVariant* clearedElement();
+
     SCC_SafePointer<UI_MacroVariant> m_Element;
 };
 
@@ -432,8 +454,6 @@ inline UI_MacroVariant::UI_MacroVariant(unsigned long value) noexcept
     : m_Type(vvtInteger), m_Payload{static_cast<__int64>(value)} {}
 inline UI_MacroVariant::UI_MacroVariant(unsigned long long value) noexcept
     : m_Type(vvtInteger), m_Payload{static_cast<__int64>(value)} {}
-inline UI_MacroVariant::UI_MacroVariant(bool value) noexcept
-    : m_Type(vvtBoolean), m_Payload{value ? -1 : 0} {}
 inline UI_MacroVariant::UI_MacroVariant(double value) noexcept : m_Type(vvtDouble) {
     m_Payload.real = value;
 }
@@ -444,7 +464,7 @@ inline bool UI_MacroVariant::hasRest() const {
 
 inline UI_MacroVariant::~UI_MacroVariant() {
     if (m_Parts)
-        releaseParts();
+        releaseParts(m_Parts);
 }
 
 inline void UI_MacroVariant::Clear() {

@@ -499,8 +499,15 @@ public:
         place(node);
         return node;
     }
-    /// Makes a node that a run adds to a line for a while.
+    /// Makes a node on the line of another one.
     template <class N> N* CreateAt(Position* position) {
+        N* node = new N;
+        if (position)
+            attachToLine(node, position);
+        return node;
+    }
+    /// The same for a node that a run adds for a while: in front, where it is found at once.
+    template <class N> N* CreateInFront(Position* position) {
         N* node = new N;
         if (position)
             attachInFront(node, position);

@@ -74,7 +74,7 @@ ParserTree::Step StartScript(ParserTree::Node& statement, MacroParser& processor
     ParserTree::Node* first = statement.GetFirstChild();
     ParserTree::Node* script = first->GetNextSibling();
     if (!script) {
-        script = processor.GetTree().CreateAt<ScriptNode>(statement.GetPosition());
+        script = processor.GetTree().CreateInFront<ScriptNode>(statement.GetPosition());
         statement.AppendChild(script);
     }
     return {script, false};

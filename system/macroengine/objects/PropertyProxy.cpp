@@ -70,8 +70,11 @@ void cMacroPropertyProxy::InitRVal() {
 UI_MacroVariant* cMacroPropertyProxy::GetRVal() const {
     auto* self = const_cast<cMacroPropertyProxy*>(this);
     if (m_State == State::Unread) {
+        const SCC_SafePointer<UI_MacroVariant> alive(self); // the getter may let go of the proxy
         self->m_State = State::ReadAhead;
         self->read();
+        if (GetLockCount() == 1)
+            return nullptr;
     }
     return UI_MacroVariant::GetRVal();
 }

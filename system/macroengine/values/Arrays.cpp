@@ -290,16 +290,24 @@ UI_MacroVariant UI_MacroVariant::EvaluateArray(UI_MacroVariant* var, UI_MacroVar
         return Fail(errPointerIsNull);
     if (element->m_Type != vvtArray)
         return Fail(errUnknownArray);
+    // Reading an index may run host code that ends the array.
+    SCC_SafePointer<UI_MacroVariant> alive(element);
     if (args[0].m_Type != vvtArray) {
         IndexList indices(argc);
         readArguments(args, indices);
-        element = applyIndices(element, indices);
+        element = alive ? applyIndices(element, indices) : nullptr;
+        if (!alive)
+            return Fail(errPointerIsNull);
     } else {
         for (int list = 0; list < argc && element; ++list) {
             const UI_MacroArray* array = arrayOf(args[list]);
             IndexList indices(array ? array->GetCount() : 0);
-            readElements(args[list], indices);
+            UI_MacroVariant kept(args[list]);
+            readElements(kept, indices);
+            if (!alive)
+                return Fail(errPointerIsNull);
             element = applyIndices(element, indices);
+            alive = element;
         }
     }
     if (!element)

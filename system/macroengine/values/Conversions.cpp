@@ -40,6 +40,31 @@ UI_MacroVariant* readTarget(const UI_MacroVariant& reference) {
     return body;
 }
 
+namespace {
+
+/// A default member may yield an object that yields itself: the reading of one ends in an error
+/// and not in the native stack.
+class ReadDepth {
+public:
+    ReadDepth() { ++s_Depth; }
+    ReadDepth(const ReadDepth&) = delete;
+    ReadDepth& operator=(const ReadDepth&) = delete;
+    ~ReadDepth() { --s_Depth; }
+
+    static constexpr int kDeepest = 100;
+    bool IsTooDeep() const {
+        if (s_Depth <= kDeepest)
+            return false;
+        Fail(errIllegalNesting);
+        return true;
+    }
+
+private:
+    static inline int s_Depth = 0;
+};
+
+} // namespace
+
 UI_MacroVariant::operator __int64() const {
     if (const UI_MacroVariant* scalar = readScalar(*this))
         return scalar->convToLongLong();
@@ -103,7 +128,8 @@ SYS_String UI_MacroVariant::convToString() const {
     case vvtBoolean:
         return value.m_Payload.integer ? "True" : "False";
     case vvtReference: {
-        const UI_MacroVariant* target = readTarget(value);
+        const ReadDepth depth;
+        const UI_MacroVariant* target = depth.IsTooDeep() ? nullptr : readTarget(value);
         return target ? static_cast<SYS_String>(*target) : SYS_String();
     }
     case vvtHandle:
@@ -132,7 +158,8 @@ __int64 UI_MacroVariant::convToLongLong() const {
     case vvtString:
         return MacroIntegerValue(value.m_Text);
     case vvtReference: {
-        const UI_MacroVariant* target = readTarget(value);
+        const ReadDepth depth;
+        const UI_MacroVariant* target = depth.IsTooDeep() ? nullptr : readTarget(value);
         return target ? static_cast<__int64>(*target) : 0;
     }
     case vvtHandle:
@@ -164,7 +191,8 @@ double UI_MacroVariant::convToDouble() const {
     case vvtString:
         return MacroRealValue(value.m_Text);
     case vvtReference: {
-        const UI_MacroVariant* target = readTarget(value);
+        const ReadDepth depth;
+        const UI_MacroVariant* target = depth.IsTooDeep() ? nullptr : readTarget(value);
         return target ? static_cast<double>(*target) : 0.0;
     }
     case vvtHandle:
@@ -200,7 +228,8 @@ void* UI_MacroVariant::convToHandle() const {
     case vvtDouble:
         return handleOf(MacroTruncateReal(value.m_Payload.real));
     case vvtReference: {
-        const UI_MacroVariant* target = readTarget(value);
+        const ReadDepth depth;
+        const UI_MacroVariant* target = depth.IsTooDeep() ? nullptr : readTarget(value);
         return target ? target->ToHandle() : nullptr;
     }
     case vvtUnknown:

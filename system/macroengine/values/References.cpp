@@ -2,7 +2,6 @@
 
 #include <Automation.h>
 #include <SCL_Assert.h>
-#include <SCL_StaticAlloc.h>
 #include <UI_MacroEval.h>
 #include <UI_MacroVariant.h>
 
@@ -51,8 +50,13 @@ UI_MacroVariant* UI_MacroVariant::getBody() const {
             if (item->GetElement())
                 value = item->GetElement();
         }
-        if (value->m_IsProxy)
-            value->GetRVal(); // reads the property if nobody has yet
+        if (value->m_IsProxy) {
+            // Reading the property, if nobody has yet, runs host code that may let go of it.
+            const SCC_SafePointer<UI_MacroVariant> alive(const_cast<UI_MacroVariant*>(value));
+            value->GetRVal();
+            if (!alive || value->GetLockCount() == 1)
+                return nullptr;
+        }
         if (value->m_Type != vvtReference)
             return const_cast<UI_MacroVariant*>(value);
         value = value->m_Target;
@@ -179,8 +183,10 @@ UI_MacroVariant& UI_MacroVariant::operator=(const UI_MacroVariant& src) {
         return *this;
     }
     if (hasRest()) {
-        UI_MacroVariant keep(src); // what is overwritten may own the source
-        Clear();
+        // What is overwritten may own the source, and its end may run host code: it goes last.
+        UI_MacroVariant keep(src);
+        UI_MacroVariant old;
+        old.moveFrom(*this);
         moveFrom(keep);
         return *this;
     }
@@ -211,6 +217,8 @@ void UI_MacroVariant::Assign(const UI_MacroVariant& src) {
             MacroVariantArraySupport::SeparateBuffers(temp);
     }
     if (!lv) { // this value holds Null: it takes the value itself
+        if (LeadsToConstant(*this))
+            return;
         Clear();
         *this = temp;
         return;
@@ -239,7 +247,7 @@ void UI_MacroVariant::SetObjectRef(const UI_MacroVariant& src) {
         Fail("Object cannot be referenced");
         return;
     }
-    if (&src == target) {
+    if (&src == target || src.getRefVal() == target) {
         Fail(errSetToItself);
         return;
     }
@@ -275,6 +283,18 @@ const UI_MacroVariant& UI_MacroVariant::derefThis() {
     return *this;
 }
 
+/// Element references on the way to an array let go of their copies of it: while they share the
+/// buffer, writing one element would copy them all.
+void UI_MacroVariant::dropElementCopies() {
+    for (UI_MacroVariant* value = this; value; value = value->m_Target) {
+        if (value->m_Role == Role::Element && value->m_Type == vvtArray &&
+            static_cast<UI_MacroVariantItemRef*>(value)->GetElement())
+            value->Clear();
+        if (value->m_Type != vvtReference)
+            return;
+    }
+}
+
 bool UI_MacroVariant::evaluateDereference(UI_MacroVariant* args, int argc, UI_MacroVariant& out,
                                           EDerefFlag flag) {
     UI_MacroVariant* body = getBody();
@@ -303,10 +323,12 @@ bool UI_MacroVariant::evaluateDereference(UI_MacroVariant* args, int argc, UI_Ma
             out = *body;
             return true;
         }
+        if (body->GetWFlags() != 0) { // its result is what the arguments apply to
+            UI_MacroVariant result(*body);
+            result.invokeObjectIfNeeded();
+            return result.evaluateDereference(args, argc, out, flag);
+        }
         out = *body;
-        out.invokeObjectIfNeeded();
-        if (body->GetWFlags() != 0)
-            return out.evaluateDereference(args, argc, out, flag);
         out.m_IdOrArrayType = 0;
         out.m_FlagsOrDims = flag == derefPropertyGet ? DISPATCH_PROPERTYGET
                             : flag == derefMethod    ? DISPATCH_METHOD
@@ -323,6 +345,7 @@ bool UI_MacroVariant::evaluateDereference(UI_MacroVariant* args, int argc, UI_Ma
     case vvtArray:
         if (argc < 1)
             return false;
+        dropElementCopies();
         {
             UI_MacroVariant element = EvaluateArray(body, args, argc);
             out = element;
@@ -363,253 +386,4 @@ bool UI_MacroVariant::IsObjectSame(UI_MacroVariant& other) {
     if (right->QueryInterface(IID_IUnknown, &second) == S_OK && second)
         static_cast<IUnknown*>(second)->Release();
     return first && first == second;
-}
-
-// --- UI_MacroVariantParam ------------------------------------------------------------------
-
-UI_MacroVariantParam::UI_MacroVariantParam(bool constant) : UI_MacroVariant(Role::Variable) {
-    m_Constant = constant;
-}
-
-UI_MacroVariantParam::UI_MacroVariantParam(const UI_MacroVariant& value, bool constant)
-    : UI_MacroVariant(Role::Variable) {
-    UI_MacroVariant::operator=(value);
-    m_Constant = constant;
-}
-
-UI_MacroVariantParam::UI_MacroVariantParam(const UI_MacroVariantParam& other)
-    : UI_MacroVariant(Role::Variable) {
-    UI_MacroVariant::operator=(other);
-}
-
-UI_MacroVariantParam::~UI_MacroVariantParam() = default;
-
-UI_MacroVariantParam& UI_MacroVariantParam::operator=(const UI_MacroVariant& src) {
-    if (m_Constant || &src == this)
-        return *this;
-    if (src.m_Type != vvtReference) {
-        UI_MacroVariant::operator=(src);
-        return *this;
-    }
-    SCC_SafePointer<UI_MacroVariant> target = src.m_Target; // the source may be what is cleared
-    Clear();
-    SetLValueVal(target);
-    reduce();
-    return *this;
-}
-
-UI_MacroVariantParam& UI_MacroVariantParam::operator=(const UI_MacroVariantParam& src) {
-    return *this = static_cast<const UI_MacroVariant&>(src);
-}
-
-UI_MacroVariant* UI_MacroVariantParam::reduce() {
-    if (m_Type != vvtReference)
-        return this;
-    UI_MacroVariant* direct = m_Target;
-    if (!direct || direct->m_Role != Role::Variable)
-        return this;
-    UI_MacroVariant* end = direct;
-    while (end->m_Type == vvtReference) {
-        UI_MacroVariant* next = end->m_Target;
-        if (!next || next->m_Role != Role::Variable || next == this)
-            break;
-        end = next;
-    }
-    if (end != this && end != direct)
-        m_Target = end;
-    return end;
-}
-
-/// The end of the chain of variables, or beyond it the element or host value that it refers to.
-UI_MacroVariant* UI_MacroVariantParam::writeTarget() {
-    UI_MacroVariant* end = reduce();
-    if (end->m_Type == vvtReference) {
-        UI_MacroVariant* target = end->m_Target;
-        if (target && target->m_Role != Role::Variable && target->m_Role != Role::Object)
-            return target;
-    }
-    return end;
-}
-
-void UI_MacroVariantParam::Assign(const UI_MacroVariant& src) {
-    if (m_Constant)
-        return;
-    UI_MacroVariant* t = writeTarget();
-    if (t->isConstant())
-        return;
-    UI_MacroVariant temp;
-    UI_MacroVariant* rv;
-    const VariantValueType sourceType = src.m_Type;
-    if (sourceType >= vvtString && sourceType <= vvtBoolean && !src.IsMacroEval()) {
-        rv = const_cast<UI_MacroVariant*>(&src);
-    } else {
-        const UI_MacroVariant& read = temp.derefObject(src);
-        rv = read.GetRVal();
-    }
-    if (rv && rv == t->GetRVal())
-        return;
-    const bool isVariable = t->m_Role == Role::Variable;
-    if (isVariable && rv && rv->m_Type >= vvtString && rv->m_Type <= vvtBoolean && !t->m_Parts &&
-        !t->m_Target.IsSet()) {
-        if (rv->m_Type == vvtString) {
-            t->m_Text = rv->m_Text;
-            t->m_Payload.integer = 0;
-        } else {
-            if (!t->m_Text.IsEmpty())
-                t->m_Text.Clear();
-            t->m_Payload = rv->m_Payload;
-        }
-        t->m_FlagsOrDims = 0;
-        t->m_IdOrArrayType = 0;
-        t->m_Type = rv->m_Type;
-        return;
-    }
-    UI_MacroVariant value;
-    if (rv)
-        value.copyFrom(*rv);
-    else
-        value.SetLValueVal(nullptr);
-    if (value.m_Type == vvtArray)
-        MacroVariantArraySupport::SeparateBuffers(value);
-    if (!isVariable) // an element, or a value of the host
-        t->Assign(value);
-    else if (t->holdsShapedArray())
-        t->UI_MacroVariant::operator=(value);
-    else
-        t->Take(value);
-}
-
-void UI_MacroVariantParam::SetObjectRef(const UI_MacroVariant& src) {
-    if (m_Constant)
-        return;
-    UI_MacroVariant* t = writeTarget();
-    if (t->isConstant()) {
-        Fail("Object cannot be referenced");
-        return;
-    }
-    if (&src == t) {
-        Fail(errSetToItself);
-        return;
-    }
-    if (t->m_Role != Role::Variable) {
-        t->SetObjectRef(src);
-        return;
-    }
-    if (t->holdsShapedArray()) {
-        Fail(errArrayAssignment);
-        return;
-    }
-    UI_MacroVariant value = src.IsMacroEval() ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
-                                              : UI_MacroVariant(src);
-    t->Take(value);
-}
-
-void UI_MacroVariantParam::SetConstant(bool constant) { m_Constant = constant; }
-
-bool UI_MacroVariantParam::isConstant() const { return m_Constant; }
-
-UI_MacroVariant* UI_MacroVariantParam::GetLVal() const {
-    return m_Constant ? nullptr : UI_MacroVariant::GetLVal();
-}
-
-UI_MacroVariant* UI_MacroVariantParam::GetRVal() const {
-    if (m_Constant)
-        return m_Type == vvtReference && !m_Target ? nullptr
-                                                   : const_cast<UI_MacroVariantParam*>(this);
-    return UI_MacroVariant::GetRVal();
-}
-
-// --- UI_MacroVariantItemRef ----------------------------------------------------------------
-
-int UI_MacroVariantItemRef::s_LiveCount = 0;
-
-void* UI_MacroVariantItemRef::operator new(std::size_t size) {
-    return SCL::cStaticAlloc().allocate(size);
-}
-
-void UI_MacroVariantItemRef::operator delete(void* cell, std::size_t size) {
-    SCL::cStaticAlloc().deallocate(cell, size);
-}
-
-UI_MacroVariantItemRef::UI_MacroVariantItemRef(UI_MacroVariant* element)
-    : UI_MacroVariant(Role::Element), m_Element(element) {
-    SCL_ASSERT(element != this, "UI_MacroVariantItemRef: an element cannot refer to itself");
-    ++s_LiveCount;
-    SetDeletePending(true);
-    if (element)
-        UI_MacroVariant::operator=(*element);
-}
-
-UI_MacroVariantItemRef::~UI_MacroVariantItemRef() { --s_LiveCount; }
-
-UI_MacroVariantItemRef& UI_MacroVariantItemRef::operator=(const UI_MacroVariant& src) {
-    if (UI_MacroVariant* element = m_Element)
-        *element = src;
-    UI_MacroVariant::operator=(src);
-    return *this;
-}
-
-void UI_MacroVariantItemRef::Assign(const UI_MacroVariant& src) {
-    UI_MacroVariant* element = m_Element;
-    if (!element) {
-        UI_MacroVariant::Assign(src);
-        return;
-    }
-    UI_MacroVariant temp;
-    UI_MacroVariant value;
-    if (UI_MacroVariant* rv = temp.derefObject(src).GetRVal()) {
-        if (rv == element)
-            return;
-        value.copyFrom(*rv);
-    } else {
-        value.SetLValueVal(nullptr);
-    }
-    if ((element->m_Type == vvtObject && element->GetWFlags() == 0) ||
-        element->m_Type == vvtReference)
-        element->Clear();
-    element->Assign(value);
-    if (m_Element) {
-        Clear();
-        UI_MacroVariant::operator=(*m_Element.Get());
-    }
-}
-
-void UI_MacroVariantItemRef::SetObjectRef(const UI_MacroVariant& src) {
-    UI_MacroVariant* element = m_Element;
-    if (!element) {
-        UI_MacroVariant::SetObjectRef(src);
-        return;
-    }
-    if (&src == element) {
-        Fail(errSetToItself);
-        return;
-    }
-    UI_MacroVariant value = src.IsMacroEval() ? UI_MacroVariant(const_cast<UI_MacroVariant*>(&src))
-                                              : UI_MacroVariant(src);
-    if ((element->m_Type == vvtObject && element->GetWFlags() == 0) ||
-        element->m_Type == vvtReference)
-        element->Clear();
-    element->SetObjectRef(value);
-    if (m_Element) {
-        Clear();
-        UI_MacroVariant::operator=(*m_Element.Get());
-    }
-}
-
-void UI_MacroVariantItemRef::InitRVal() {
-    UI_MacroVariant* element = m_Element;
-    if (!element) {
-        UI_MacroVariant::InitRVal();
-        return;
-    }
-    element->InitRVal();
-    if (m_Element) {
-        Clear();
-        UI_MacroVariant::operator=(*m_Element.Get());
-    }
-}
-
-UI_MacroVariant* UI_MacroVariantItemRef::GetRVal() const {
-    UI_MacroVariant* element = m_Element;
-    return element ? element->GetRVal() : UI_MacroVariant::GetRVal();
 }

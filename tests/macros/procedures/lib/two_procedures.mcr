@@ -1,0 +1,5 @@
+Sub first
+End Sub
+Function second
+  second = 2
+End Function
