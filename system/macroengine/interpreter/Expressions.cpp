@@ -6,6 +6,7 @@
 
 #include <SCL_Assert.h>
 
+#include "interpreter/Appending.h"
 #include "interpreter/Leaves.h"
 #include "interpreter/Semantics.h"
 #include "values/FastPath.h"
@@ -306,6 +307,8 @@ Step ParserTree::BinaryOp::OnEnter(Node& node, MacroParser& processor) {
 }
 
 Step ParserTree::BinaryOp::OnLeave(Node& node, MacroParser& processor) {
+    if (code == opJoin && KeepForAppending(processor, node, *this))
+        return node.GetStepAfter();
     Node* first = node.GetFirstChild();
     Cell& left = leafOperand(processor, first);
     Cell& right = leafOperand(processor, first->GetNextSibling());

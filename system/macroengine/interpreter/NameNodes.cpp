@@ -5,7 +5,6 @@
 
 #include "interpreter/Leaves.h"
 #include "interpreter/Semantics.h"
-#include "runtime/FunctionTable.h"
 #include "values/CopyOut.h"
 #include "values/FastPath.h"
 
@@ -220,9 +219,6 @@ Step ParserTree::ObjectExec::OnLeave(Node& node, MacroParser& processor) {
     case vvtFunction:
         if (!value.GetFunctionHandler())
             return processor.EnterProcedure(node, cell, knownProcedure(processor, node));
-        if (processor.GetExecutionMode() == MacroSupport::emEvalPure &&
-            IsMacroAction(value.GetFunctionHandler()))
-            processor.OnError(errInternal, SYS_String());
         {
             UI_MacroVariant result = value.Evaluate(nullptr, nullptr, 0);
             value.Take(result);

@@ -4,6 +4,7 @@
 
 #include <SCL_Assert.h>
 
+#include "interpreter/Appending.h"
 #include "interpreter/FileStatements.h"
 #include "interpreter/Leaves.h"
 #include "interpreter/ScriptExecution.h"
@@ -57,7 +58,11 @@ UI_MacroVariant& assignmentTarget(MacroParser& processor, Node* target) {
 void assign(MacroParser& processor, Node& node) {
     Node* target = node.GetFirstChild();
     Cell& source = operand(processor, target->GetNextSibling());
-    assignmentTarget(processor, target).Assign(source.value);
+    SYS_String kept;
+    if (TakeKeptText(processor, target, kept))
+        AppendToKept(assignmentTarget(processor, target), kept, source.value.GetStringVal());
+    else
+        assignmentTarget(processor, target).Assign(source.value);
 }
 
 void bindObject(MacroParser& processor, Node& node) {
@@ -99,8 +104,11 @@ Step ParserTree::Statement::OnEnter(Node& node, MacroParser& processor) {
     Node* first = node.GetFirstChild();
     if (!first)
         return OnLeave(node, processor);
-    if (code == stLet && targetVariable(processor, first))
+    if (code == stLet && targetVariable(processor, first)) {
+        if (first->GetResult()->GetTop())
+            processor.releaseResult(first); // a run that failed may have left a kept text
         return {first->GetNextSibling(), false};
+    }
     if (code == stLet && storeElement(processor, first, first->GetNextSibling()))
         return node.GetStepAfter();
     return {first, false};

@@ -8,7 +8,7 @@
 #include "values/Failure.h"
 
 /// Whether the place is there and not left out.
-inline bool isGiven(int argc, const UI_MacroVariant* argv, int place) {
+inline bool IsGiven(int argc, const UI_MacroVariant* argv, int place) {
     if (place >= argc)
         return false;
     const UI_MacroVariant* value = argv[place].GetRVal();
@@ -16,8 +16,8 @@ inline bool isGiven(int argc, const UI_MacroVariant* argv, int place) {
 }
 
 /// The same, but Empty counts as left out too.
-inline bool isChosen(int argc, const UI_MacroVariant* argv, int place) {
-    if (!isGiven(argc, argv, place))
+inline bool IsChosen(int argc, const UI_MacroVariant* argv, int place) {
+    if (!IsGiven(argc, argv, place))
         return false;
     const UI_MacroVariant* value = argv[place].GetRVal();
     return !value || value->GetType() != vvtEmpty;

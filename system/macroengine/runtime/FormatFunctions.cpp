@@ -35,7 +35,7 @@ struct Arguments {
     const UI_MacroVariant* values;
 
     int Digits() const {
-        if (isGiven(count, values, plDigits)) {
+        if (IsGiven(count, values, plDigits)) {
             const int digits = static_cast<int>(values[plDigits]);
             if (digits >= 0)
                 return digits;
@@ -62,7 +62,7 @@ struct Arguments {
 private:
     /// True if the argument is yes or no; any other number leaves it to the locale.
     bool decides(Place place, bool& on) const {
-        if (!isGiven(count, values, place))
+        if (!IsGiven(count, values, place))
             return false;
         const int choice = static_cast<int>(values[place]);
         on = choice == -1;

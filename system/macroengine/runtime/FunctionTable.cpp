@@ -6,25 +6,9 @@
 
 const MacroSupport::FuncNode MacroSupport::s_Functions[] = {
 #define MACRO_FUNCTION(name) {#name, Macro##name},
-#define MACRO_ACTION(name) {#name, Macro##name},
 #include "runtime/Functions.def"
-#undef MACRO_ACTION
 #undef MACRO_FUNCTION
 };
-
-bool IsMacroAction(MacroFunctionHandler handler) {
-    constexpr MacroFunctionHandler actions[] = {
-#define MACRO_FUNCTION(name)
-#define MACRO_ACTION(name) Macro##name,
-#include "runtime/Functions.def"
-#undef MACRO_ACTION
-#undef MACRO_FUNCTION
-    };
-    for (MacroFunctionHandler action : actions)
-        if (handler == action)
-            return true;
-    return false;
-}
 
 SCC_SharedPointer<MacroEval::Map> MacroSupport::InitFunctionsMap() {
     SCC_SharedPointer<Map> map(new Map);

@@ -82,6 +82,3 @@ UI_MacroVariant MacroUCase(int argc, UI_MacroVariant* argv);
 UI_MacroVariant MacroVarType(int argc, UI_MacroVariant* argv);
 UI_MacroVariant MacroStr(int argc, UI_MacroVariant* argv);
 UI_MacroVariant MacroVal(int argc, UI_MacroVariant* argv);
-
-/// True for a function that an evaluation without side effects must not call.
-bool IsMacroAction(MacroFunctionHandler handler);

@@ -13,7 +13,7 @@ bool isNothing(const UI_MacroVariant& value) {
 int dimensionOf(int argc, const UI_MacroVariant* argv) {
     if (argc == 1)
         return 1;
-    return argv[1].GetRVal() && isChosen(argc, argv, 1) ? static_cast<int>(argv[1]) : -1;
+    return argv[1].GetRVal() && IsChosen(argc, argv, 1) ? static_cast<int>(argv[1]) : -1;
 }
 
 enum VarTypeCode {

@@ -38,17 +38,17 @@ UI_MacroVariant MacroSplit(int argc, UI_MacroVariant* argv) {
     const SYS_String text = textOf(argv[0]);
     if (text.IsEmpty())
         return UI_MacroArray();
-    SYS_String delimiter = isGiven(argc, argv, 1) ? textOf(argv[1]) : SYS_String(" ");
+    SYS_String delimiter = IsGiven(argc, argv, 1) ? textOf(argv[1]) : SYS_String(" ");
     if (delimiter.IsEmpty()) {
         UI_MacroArray whole;
         whole.Append(text);
         return whole;
     }
-    const int limit = isGiven(argc, argv, 2) ? static_cast<int>(argv[2]) : -1;
+    const int limit = IsGiven(argc, argv, 2) ? static_cast<int>(argv[2]) : -1;
     if (limit < -1 || limit == 0)
         return UI_MacroArray();
     SYS_String searched = text;
-    if (isChosen(argc, argv, 3) && static_cast<int>(argv[3]) != 0) {
+    if (IsChosen(argc, argv, 3) && static_cast<int>(argv[3]) != 0) {
         searched.MakeLower();
         delimiter.MakeLower();
     }
@@ -62,7 +62,7 @@ UI_MacroVariant MacroJoin(int argc, UI_MacroVariant* argv) {
     if (!list)
         return wrongArguments();
     const UI_MacroArray elements = list->Arrval(); // an element's object may change the array
-    const SYS_String delimiter = isGiven(argc, argv, 1) ? textOf(argv[1]) : SYS_String(" ");
+    const SYS_String delimiter = IsGiven(argc, argv, 1) ? textOf(argv[1]) : SYS_String(" ");
     SYS_String result;
     for (int i = 0; i < elements.GetCount(); ++i) {
         if (i > 0)
@@ -84,8 +84,8 @@ UI_MacroVariant MacroFilter(int argc, UI_MacroVariant* argv) {
         return wrongArguments();
     const UI_MacroArray elements = list->Arrval();
     SYS_String match = textOf(argv[1]);
-    const bool include = !isChosen(argc, argv, 2) || static_cast<int>(argv[2]) != 0;
-    const bool foldCase = argc == 4 && isChosen(argc, argv, 3) && static_cast<int>(argv[3]) != 0;
+    const bool include = !IsChosen(argc, argv, 2) || static_cast<int>(argv[2]) != 0;
+    const bool foldCase = argc == 4 && IsChosen(argc, argv, 3) && static_cast<int>(argv[3]) != 0;
     if (foldCase)
         match.MakeLower();
     const TextSearch search(match.View());

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "runtime/Arguments.h"
 #include "runtime/FunctionTable.h"
+#include "runtime/OuterWorld.h"
 #include "runtime/Random.h"
 #include "runtime/Rounding.h"
 
@@ -110,7 +112,7 @@ UI_MacroVariant MacroRound(int argc, UI_MacroVariant* argv) {
     if (argc < 1 || argc > 2 || !argv)
         return wrongArguments();
     const auto x = static_cast<double>(argv[0]);
-    const int digits = isGiven(argc, argv, 1) ? std::clamp(static_cast<int>(argv[1]), 0, 6) : 0;
+    const int digits = IsGiven(argc, argv, 1) ? std::clamp(static_cast<int>(argv[1]), 0, 6) : 0;
     if (digits == 0)
         return static_cast<double>(RoundToInteger(x));
     const double scale = powerOfTen(digits);
@@ -120,8 +122,9 @@ UI_MacroVariant MacroRound(int argc, UI_MacroVariant* argv) {
 UI_MacroVariant MacroRnd(int argc, UI_MacroVariant* argv) {
     if (argc < 0 || argc > 1 || (argc == 1 && !argv))
         return wrongArguments();
+    RefuseWhileLooking();
     MacroRandom& random = MacroRandom::Instance();
-    const int seed = isGiven(argc, argv, 0) ? static_cast<int>(argv[0]) : 1;
+    const int seed = IsGiven(argc, argv, 0) ? static_cast<int>(argv[0]) : 1;
     if (seed > 0)
         return random.Next();
     if (seed == 0)

@@ -16,7 +16,7 @@ std::int64_t fromOne(const UI_MacroVariant& argument) {
 }
 
 bool isOn(int argc, const UI_MacroVariant* argv, int place) {
-    return isGiven(argc, argv, place) && static_cast<int>(argv[place]) != 0;
+    return IsGiven(argc, argv, place) && static_cast<int>(argv[place]) != 0;
 }
 
 } // namespace
@@ -25,7 +25,7 @@ UI_MacroVariant MacroInStr(int argc, UI_MacroVariant* argv) {
     if (argc < 2 || argc > 4 || !argv)
         return wrongArguments();
     std::int64_t start = 0;
-    if (argc > 2 && isGiven(argc, argv, 0))
+    if (argc > 2 && IsGiven(argc, argv, 0))
         start = std::max<std::int64_t>(fromOne(argv[0]), 0);
     const int first = argc > 2 ? 1 : 0;
     SYS_String text = textOf(argv[first]);
@@ -48,7 +48,7 @@ UI_MacroVariant MacroInStrRev(int argc, UI_MacroVariant* argv) {
         return 0;
     SYS_String match = textOf(argv[1]);
     std::int64_t place = text.GetLength() - 1;
-    if (argc == 3 && isGiven(argc, argv, 2)) {
+    if (argc == 3 && IsGiven(argc, argv, 2)) {
         const std::int64_t start = fromOne(argv[2]);
         place = start < 0 ? place : start;
     }
@@ -81,16 +81,16 @@ UI_MacroVariant MacroReplace(int argc, UI_MacroVariant* argv) {
     const SYS_String with = textOf(argv[2]);
     std::size_t place = 0;
     int left = -1;
-    if (isGiven(argc, argv, 3))
+    if (IsGiven(argc, argv, 3))
         place = static_cast<std::size_t>(std::max<std::int64_t>(fromOne(argv[3]), 0));
     if (place >= text.View().size())
         return SYS_String();
-    if (isGiven(argc, argv, 4))
+    if (IsGiven(argc, argv, 4))
         left = static_cast<int>(argv[4]);
     if (left < -1 || left == 0)
         return text;
     SYS_String searched = text;
-    if (isChosen(argc, argv, 5) && static_cast<bool>(argv[5])) {
+    if (IsChosen(argc, argv, 5) && static_cast<bool>(argv[5])) {
         searched.MakeLower();
         find.MakeLower();
     }

@@ -73,7 +73,7 @@ UI_MacroVariant MacroMid(int argc, UI_MacroVariant* argv) {
         return wrongArguments();
     const SYS_String text = textOf(argv[0]);
     const auto first = static_cast<unsigned>(static_cast<int>(argv[1]));
-    if (!isGiven(argc, argv, 2))
+    if (!IsGiven(argc, argv, 2))
         return text.Mid(first);
     return text.Mid(first, static_cast<unsigned>(static_cast<int>(argv[2])));
 }
@@ -134,7 +134,7 @@ UI_MacroVariant MacroStrComp(int argc, UI_MacroVariant* argv) {
         return wrongArguments();
     const SYS_String left = textOf(argv[0]);
     const SYS_String right = textOf(argv[1]);
-    const bool foldCase = isChosen(argc, argv, 2) && static_cast<bool>(argv[2]);
+    const bool foldCase = IsChosen(argc, argv, 2) && static_cast<bool>(argv[2]);
     const int order = foldCase ? left.CompareNoCase(right) : left.Compare(right);
     return (order > 0) - (order < 0);
 }

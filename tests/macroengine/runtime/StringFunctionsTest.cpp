@@ -171,4 +171,29 @@ TEST_F(FunctionTest, LongTextsTakeTimeInProportion) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
+// Copying the text each time would move a terabyte.
+TEST_F(FunctionTest, TextsGrowInPlace) {
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(run("s = \"\"\nFor i = 1 To 1000000\ns = s & \"x\"\nNext\n"
+                  "For i = 1 To 300000\ns = s & Chr(65) & i & vbLf\nNext\nr = Len(s)"),
+              "Integer 3288895");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+TEST_F(FunctionTest, FailedAppendsLeaveTheTextAlone) {
+    auto textAfter = [this](const std::string& statement) {
+        const std::string outcome = run("s = \"kept\" : t = s\n" + statement);
+        return outcome + ": " + ShowValue(*MacroSupport::GetProcessor()->LookupVar("s"));
+    };
+    MacroLimits limits;
+    limits.stringBytes = 1000;
+    MacroSupport::SetLimits(limits);
+    EXPECT_EQ(textAfter("s = s & CByte(999)"), "error 34: String kept");
+    EXPECT_EQ(textAfter("s = s & \"x\" & CByte(999)"), "error 34: String kept");
+    EXPECT_EQ(textAfter("s = s & String(900, \"x\") & String(900, \"y\")"),
+              "out of memory: String kept");
+    EXPECT_EQ(textAfter("s = s & \"x\" : r = s & t"), "String keptxkept: String keptx");
+    MacroSupport::SetLimits(MacroLimits());
+}
+
 } // namespace

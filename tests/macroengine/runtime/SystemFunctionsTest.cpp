@@ -197,9 +197,9 @@ TEST_F(SystemFunctions, LookingAtValuesChangesNothing) {
     const struct {
         MacroFunctionHandler handler;
         int count;
-    } cases[] = {{MacroMsgBox, 1},       {MacroDoEvents, 0}, {MacroMkDir, 1},
-                 {MacroMoveFile, 2},     {MacroDir, 1},      {MacroGetTmpFileName, 1},
-                 {MacroCreateObject, 1}, {MacroGetObject, 1}};
+    } cases[] = {{MacroMsgBox, 1},       {MacroDoEvents, 0},  {MacroMkDir, 1},
+                 {MacroMoveFile, 2},     {MacroDir, 1},       {MacroGetTmpFileName, 1},
+                 {MacroCreateObject, 1}, {MacroGetObject, 1}, {MacroRnd, 0}};
     run.Engine().SetExecutionMode(MacroSupport::emEvalPure);
     for (const auto& row : cases) {
         EXPECT_THROW(row.handler(row.count, arguments), MacroException);
