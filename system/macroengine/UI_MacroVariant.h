@@ -466,8 +466,10 @@ inline UI_MacroVariant::~UI_MacroVariant() {
 }
 
 inline void UI_MacroVariant::Clear() {
-    if (hasRest())
-        clearRest();
+    if (hasRest()) {
+        clearRest(); // may end this value
+        return;
+    }
     m_Type = vvtEmpty;
     m_Payload.integer = 0;
     m_FlagsOrDims = 0;
