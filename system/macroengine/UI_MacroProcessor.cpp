@@ -19,7 +19,7 @@
 MacroSupport* MacroSupport::s_Processor = nullptr;
 bool MacroSupport::s_bWaiting = false;
 bool MacroSupport::s_HasStatementHook = false;
-unsigned MacroSupport::s_HookChanges = 0;
+unsigned MacroSupport::s_OtherChanges = 0;
 
 namespace {
 
@@ -114,7 +114,7 @@ bool MacroSupport::CallIdleHook() {
 }
 
 void MacroSupport::SetHostHooks(const MacroHostHooks& hooks) {
-    ++s_HookChanges;
+    ++s_OtherChanges;
     HookStore& store = processWide<HookStore>();
     auto next = std::make_unique<MacroHostHooks>(hooks);
     std::swap(store.current, next);
@@ -309,6 +309,7 @@ int MacroSupport::EnableAutomation(const char* name, IDispatch* object) {
     UI_MacroVariant* value = entry ? entry->GetRVal() : nullptr;
     if (!value)
         return 0;
+    ++s_OtherChanges;
     value->Clear();
     value->SetObjectVal(object, false);
     return 1;

@@ -254,6 +254,8 @@ public:
     /// Whether a name can only be a procedure or a variable in that state. The procedure of that
     /// name is given along, null if there is none.
     bool IsOwnName(const MacroName* name, const FunctionTableItem*& procedure) const;
+    /// The built-in function that a name calls; null if it means anything else.
+    MacroFunctionHandler FindBuiltIn(const MacroName* name) const;
     /// The same procedure, or null where the name is to be read as a variable. `place` remembers
     /// where the variable was found.
     const FunctionTableItem* CalledProcedure(const FunctionTableItem* procedure,
@@ -295,7 +297,7 @@ protected:
     static bool CallIdleHook();
     void pushBottomFrame();
     static bool s_HasStatementHook;
-    static unsigned s_HookChanges; // a type library may come and go with the hooks
+    static unsigned s_OtherChanges; // of names: by a type library, or by an entry that is rewritten
     static SCC_Event<char const*>& RecordEvent();
     UI_MacroVariant* lookUpEntry(const MacroName* name) const;
     UI_MacroVariantParam* findVariable(const MacroName* name, unsigned& place) const;

@@ -470,6 +470,7 @@ public:
         bool isOwnName = false;       // no object or built-in has the name
         bool isPlainVariable = false; // no procedure either, and it is neither called nor indexed
         const FunctionTableItem* procedure = nullptr; // of that name, a variable may hide it
+        MacroFunctionHandler builtIn = nullptr;       // of that name, and no object hides it
         Step OnLeave(Node& node, MacroParser& processor);
         /// Whether the name can mean nothing but a variable, for now.
         bool IsOwnVariable(Node& node, MacroParser& processor);

@@ -8,7 +8,7 @@
 #include "engine/TypeLibrary.h"
 
 unsigned MacroSupport::GetNamesState() const {
-    return s_HookChanges + GetPMap()->GetChanges() + functionsMap()->GetChanges() +
+    return s_OtherChanges + GetPMap()->GetChanges() + functionsMap()->GetChanges() +
            m_Functions.GetChanges();
 }
 
@@ -17,6 +17,11 @@ bool MacroSupport::IsOwnName(const MacroName* name, const FunctionTableItem*& pr
         return false;
     procedure = m_Functions.Lookup(name->text);
     return true;
+}
+
+MacroFunctionHandler MacroSupport::FindBuiltIn(const MacroName* name) const {
+    const UI_MacroVariant* entry = lookUpEntry(name);
+    return entry && entry->GetType() == vvtFunction ? entry->GetFunctionHandler() : nullptr;
 }
 
 UI_MacroVariantParam* MacroSupport::findVariable(const MacroName* name, unsigned& place) const {

@@ -81,6 +81,7 @@ const UI_MacroVariant* readElement(const UI_MacroVariant& array, UI_MacroVariant
 void ParserTree::Object::learn(Node& node, MacroParser& processor) {
     procedure = nullptr;
     isOwnName = processor.IsOwnName(interned, procedure);
+    builtIn = processor.FindBuiltIn(interned);
     isPlainVariable = isOwnName && !procedure && !isCall && !node.GetFirstChild();
     cachedNames = processor.GetNamesState();
 }
@@ -143,6 +144,15 @@ Step ParserTree::Object::OnLeave(Node& node, MacroParser& processor) {
             learn(node, processor);
         if (isOwnName)
             return resolveOwnName(node, processor, listCell);
+        if (builtIn) {
+            UI_MacroVariant call(builtIn);
+            if (listCell) {
+                MacroVariantAccess::AdoptArguments(call, listCell->value);
+                ExecutionContext::FreeCell(listCell);
+            }
+            freshResult(processor, *this).Take(call);
+            return node.GetStepAfter();
+        }
     }
 
     UI_MacroVariant* args = nullptr;

@@ -22,8 +22,8 @@ public:
         static cMacroAppClass self("Gadget", MacroEval::GetMacroClass());
         static cMacroClassMethod<Gadget> act(self, "Act", TypeNameVariant, &Gadget::Act, false,
                                              cMacroArgument("any", TypeNameVariant).opt(3));
-        static cMacroClassProperty<Gadget> value(self, "Value", TypeNameVariant, &Gadget::Get,
-                                                 &Gadget::Set);
+        static cMacroClassProperty<Gadget> value(self, "Value", TypeNameVariant, &Gadget::Read,
+                                                 &Gadget::Write);
         return &self;
     }
     const ScriptDebugger::iApplicationClass* GetMacroDescriptor() const override {
@@ -44,8 +44,8 @@ private:
         return action ? action(argc, args) : UI_MacroVariant();
     }
     UI_MacroVariant Act(int argc, UI_MacroVariant* args) { return call(onAct, argc, args); }
-    UI_MacroVariant Get(int argc, UI_MacroVariant* args) { return call(onGet, argc, args); }
-    UI_MacroVariant Set(int argc, UI_MacroVariant* args) { return call(onSet, argc, args); }
+    UI_MacroVariant Read(int argc, UI_MacroVariant* args) { return call(onGet, argc, args); }
+    UI_MacroVariant Write(int argc, UI_MacroVariant* args) { return call(onSet, argc, args); }
 };
 
 class HostCallbacksTest : public ::testing::Test {
