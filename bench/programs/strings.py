@@ -1,6 +1,6 @@
 text = ""
 for i in range(1, 50001):
-    text = text + "word" + str(i % 97) + " "
+    text += "word" + str(i % 97) + " "
 parts = text.split(" ")
 total = 0
 for i in range(len(parts)):
