@@ -339,7 +339,6 @@ protected:
     bool m_RelativeMode = false;
 
     // Errors.
-    int m_CheckMode = 0;
     int m_LastErrorCode = 1;
     long m_LastErrorLine = 0;
     SYS_String m_LastErrorText;

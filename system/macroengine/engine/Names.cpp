@@ -3,31 +3,16 @@
 #include <cstddef>
 #include <vector>
 
+#include "engine/FoldedText.h"
+
 namespace {
-
-std::uint32_t foldedHash(std::string_view text) {
-    std::uint32_t hash = 2166136261u;
-    for (char c : text)
-        hash = (hash ^ static_cast<unsigned char>(SYS_ToLower(c))) * 16777619u;
-    return hash ^ (hash >> 15);
-}
-
-bool equalFolded(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (SYS_ToLower(a[i]) != SYS_ToLower(b[i]))
-            return false;
-    }
-    return true;
-}
 
 class NameTable {
 public:
     const MacroName* FindOrMake(std::string_view text) {
-        std::uint32_t hash = foldedHash(text);
+        std::uint32_t hash = FoldedHash(text);
         for (MacroName* name = m_Buckets[bucketOf(hash)]; name; name = name->next) {
-            if (name->hash == hash && equalFolded(name->text.View(), text))
+            if (name->hash == hash && EqualFolded(name->text.View(), text))
                 return name;
         }
         if (m_Count >= m_Buckets.size())

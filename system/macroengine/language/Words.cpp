@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "engine/FoldedText.h"
 #include "language/Tokens.h"
 
 constexpr MacroSupport::TokenNode MacroSupport::s_Tokens[] = {
@@ -34,23 +35,6 @@ constexpr MacroUnit kUnits[] = {
     {"mk", 100.0},
 };
 
-std::uint32_t foldedHash(std::string_view name) {
-    std::uint32_t hash = 2166136261u;
-    for (char c : name)
-        hash = (hash ^ static_cast<unsigned char>(SYS_ToLower(c))) * 16777619u;
-    return hash ^ (hash >> 15);
-}
-
-bool equalFolded(std::string_view a, std::string_view b) {
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (SYS_ToLower(a[i]) != SYS_ToLower(b[i]))
-            return false;
-    }
-    return true;
-}
-
 /// Open addressing, filled once; the rows that come first win.
 class WordTable {
 public:
@@ -62,11 +46,11 @@ public:
     }
 
     const MacroWord* Find(std::string_view name) const {
-        for (std::uint32_t i = foldedHash(name);; ++i) {
+        for (std::uint32_t i = FoldedHash(name);; ++i) {
             const MacroWord& word = m_Words[i % kSize];
             if (word.token == 0)
                 return nullptr;
-            if (equalFolded(word.name, name))
+            if (EqualFolded(word.name, name))
                 return &word;
         }
     }
@@ -75,9 +59,9 @@ private:
     static constexpr std::size_t kSize = 512;
 
     void add(const MacroWord& word) {
-        std::uint32_t i = foldedHash(word.name);
+        std::uint32_t i = FoldedHash(word.name);
         while (m_Words[i % kSize].token != 0) {
-            if (equalFolded(m_Words[i % kSize].name, word.name))
+            if (EqualFolded(m_Words[i % kSize].name, word.name))
                 return;
             ++i;
         }
