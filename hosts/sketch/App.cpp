@@ -68,5 +68,6 @@ UI_MacroVariant App::ShowText(int, UI_MacroVariant*) {
 
 UI_MacroVariant App::Quit(int argc, UI_MacroVariant* args) {
     UI_Macro::RequestExit(IsGiven(argc, args, 0) ? ToWhole(args[0], "The status", 0, 255) : 0);
+    MacroSupport::GetProcessor()->RequestStop(); // the code alone would let the macro go on
     return UI_MacroVariant();
 }

@@ -1,5 +1,7 @@
 #include "ObjectFace.h"
 
+#include <MacroException.h>
+
 namespace {
 
 /// The items of a collection as they were when the loop began.
@@ -141,8 +143,11 @@ HRESULT ObjectFace::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DIS
     if (count != 1 || !object)
         return DISP_E_UNKNOWNNAME;
     const std::string name = nameOf(names[0]);
-    if (!hasMember(static_cast<MacroEval&>(*object), name))
+    auto& known = static_cast<MacroEval&>(*object);
+    if (!hasMember(known, name)) {
+        known.OnMacroError(errMemberNotFound, name.c_str()); // tells more than the result does
         return DISP_E_UNKNOWNNAME;
+    }
     for (std::size_t i = 0; i < m_Names.size(); ++i) {
         if (m_Names[i] == name) {
             ids[0] = static_cast<DISPID>(i + 1);

@@ -58,7 +58,7 @@ const Figure& Shape::figure() const {
 const Figure& Shape::figureWith(bool (*hasIt)(FigureKind), const char* property) const {
     const Figure& living = figure();
     if (!hasIt(living.kind))
-        Refuse(std::string("A ") + KindName(living.kind) + " has no " + property);
+        Refuse("A shape of kind " + std::string(KindName(living.kind)) + " has no " + property);
     return living;
 }
 

@@ -32,7 +32,7 @@ bool readNumber(std::string_view text, double& number) {
     return error == std::errc() && end == text.data() + text.size();
 }
 
-double numberOf(const UI_MacroVariant& value, const char* what) {
+double numberOf(const UI_MacroVariant& value, const char* what, const char* rule = "a number") {
     const UI_MacroVariant* read = valueOf(value);
     double number = 0;
     bool isNumber = false;
@@ -43,7 +43,7 @@ double numberOf(const UI_MacroVariant& value, const char* what) {
         isNumber = readNumber(read->GetStringVal().View(), number);
     }
     if (!isNumber || std::isnan(number))
-        refuse(what, "a number");
+        refuse(what, rule);
     return number;
 }
 
@@ -74,9 +74,10 @@ int ToWhole(const UI_MacroVariant& value, const char* what, int least, int most)
 }
 
 int ToColor(const UI_MacroVariant& value, const char* what) {
-    const double number = numberOf(value, what);
+    constexpr const char* kRule = "a colour, such as vbColorRed or Rgb(255, 0, 0), or vbNoColor";
+    const double number = numberOf(value, what, kRule);
     if (number != std::floor(number) || number < kNoColor || number > kWhite)
-        refuse(what, "a colour, such as vbColorRed or Rgb(255, 0, 0), or vbNoColor");
+        refuse(what, kRule);
     return static_cast<int>(number);
 }
 
