@@ -13,6 +13,7 @@
 #include "engine/ErrorTexts.h"
 #include "engine/Frames.h"
 #include "interpreter/RunGuard.h"
+#include "recording/LogRecorder.h"
 
 namespace {
 
@@ -25,6 +26,7 @@ int s_Started = 0;
 void MacroEngineDllInitialize() {
     if (s_Started++ == 0)
         RegisterMacroErrorTexts();
+    LogRecorder::Instance();
 }
 
 void MacroEngineDllTerminate() {
@@ -93,8 +95,10 @@ UI_Macro::~UI_Macro() {
 }
 
 UI_MacroImpl& UI_Macro::impl() {
-    if (!m_Impl)
+    if (!m_Impl) {
+        LogRecorder::Instance(); // comes before every processor
         m_Impl = new UI_MacroImpl(m_Nested);
+    }
     return *m_Impl;
 }
 
@@ -278,6 +282,16 @@ int UI_Macro::GetCompressID() {
 int UI_Macro::GetRelativeMode() {
     const MacroSupport* processor = MacroSupport::GetProcessor();
     return processor ? processor->GetRelativeMode() : 0;
+}
+
+int UI_Macro::SetBMWLogFile(char const* path, int append) {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->SetBMWLogFile(path, append) : 0;
+}
+
+int UI_Macro::InBMWLoggingMode() {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->InBMWLoggingMode() : 0;
 }
 
 UI_Macro::PlaybackResultCode UI_Macro::ContinuePlayback(char const* name) {

@@ -52,14 +52,23 @@ public:
 
     static int GetReturnValue();
     static void RequestExit(int code);
-    /// Runs the dialog block of that object, from inside the host's modal dialog.
+    /// For a host member that a macro has called and that opens a modal dialog: runs the block
+    /// `withDlg` of that object, if one stands behind the calling statement. 3: it ran; 0: there
+    /// is none, or its object went away in the middle; 2: no processor, or no run.
+    /// Raises: any. Re-enters: any.
     static PlaybackResultCode ContinuePlayback(char const* name);
     static int InRecordMode();
     static int InPlaybackMode();
+    // Recording: MacroSupport says what the modes and logs mean. 0 without a processor.
     static int GetCompressID();
     static int GetRelativeMode();
+    /// Sends recorded lines to an output from now on. Takes a reference to it. Outside a run the
+    /// processor is reset.
     void StartRecording(MacroOutput* output);
+    /// Lets go of the output. A last line that compression holds back is lost.
     void StopRecording();
+    static int SetBMWLogFile(char const* path, int append);
+    static int InBMWLoggingMode();
     static int EnableAutomation(char const* name, IDispatch* object);
     /// Raises: MacroException with that text; nothing without a processor.
     static void OnError(SYS_String const& message);

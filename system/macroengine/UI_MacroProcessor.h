@@ -108,6 +108,7 @@ public:
         const char* name;
         MacroFunctionHandler handler;
     };
+    class MacroLogFile;
 
     /// `nested` makes this the current processor, with the previous one as its parent.
     explicit MacroSupport(bool nested);
@@ -119,6 +120,7 @@ public:
 
     // The current processor.
     static MacroSupport* GetProcessor() { return s_Processor; }
+    /// Refuses the log recorder, by assertion.
     static void SetProcessor(MacroSupport* processor);
     static MacroSupport* s_Processor;
     static bool s_bWaiting; ///< a flag for the host; the engine does not use it
@@ -202,19 +204,44 @@ public:
     FrameStack& GetFrames() const { return *m_ContextStack; }
     MacroSupport* GetParentProcessor() const { return m_Parent; }
 
-    // Recording.
+    // Recording. A line that a command of the host reports goes to the outputs and logs of all
+    // processors. Re-enters: outputs of the host.
+    /// Reports a line, without its end. The id is that of its gesture, 0 for none.
     static void Record(char const* text, int id, int unused);
     using MacroEval::Record;
+    /// A new id for the lines of one gesture, such as a drag. The first is 2.
     int GetCompressID() { return ++m_CompressID; }
+    /// While on, only the first and the last line of each gesture are written, the last when a
+    /// line with another id comes. A gesture of a single line is written twice.
     void SetCompressionMode(bool on) { m_CompressionMode = on; }
-    bool GetCompressionMode() const { return m_CompressionMode; }
+    virtual bool GetCompressionMode() const { return m_CompressionMode; }
+    /// Kept for the host's own recording code: whether it writes coordinates as distances.
     void SetRelativeMode(bool on) { m_RelativeMode = on; }
     bool GetRelativeMode() const { return m_RelativeMode; }
+    /// Records the line that opens the block of a modal dialog. What is recorded until the
+    /// matching PopModalContext belongs into the block; its lines begin with the indent below.
     void PushModalContext(char const* name);
+    /// Records the line that closes the innermost block; nothing without an open one.
     void PopModalContext();
+    /// The name of the innermost open dialog; "" without one.
     SYS_String GetModalContext() const;
+    /// Two blanks for each open dialog.
     SYS_String GetModalContextIndent() const;
     int GetModalContextLevel() const;
+
+    // Logs of recorded lines, which need no recording.
+    /// Opens the log of the program run if the switch "log" is on the command line: the file that
+    /// the switch names, completed from the application's name, ".log" and its folder "Logs". The
+    /// log of the run before becomes ".bak". One log serves all processors, to the end of the
+    /// program; a second call does nothing. Without a log that can be opened there is none.
+    void InitBackgroundMode();
+    /// Whether this processor writes that log: only the log recorder does.
+    virtual bool InBackgroundMode() const;
+    /// Opens a log of what is recorded while this processor runs no macro: each line at once,
+    /// uncompressed. Gives 1, or 0 if the file cannot be opened (an assertion). With a log open
+    /// another path is an assertion and changes nothing; null closes the log.
+    int SetBMWLogFile(char const* path, int append);
+    int InBMWLoggingMode() const;
 
     // Files by number. A number that was never opened is a closed file; printing to it, reading
     // from it and closing it do nothing.
@@ -288,6 +315,8 @@ protected:
     static Map* functionsMap();
 
     void OnRecord(int id, char const* text);
+    /// Where the lines go beside the output of a recording; null for nowhere.
+    virtual MacroOutput* backgroundLog() { return nullptr; }
     [[noreturn]] void raise(MacroException& error, int code, long line);
     long errorLine() const;
     void ClearLastError();
@@ -331,6 +360,7 @@ protected:
     // Recording.
     SCC_ObjectEventHook<MacroSupport, char const*> m_RecordHook;
     SCL_Pointer<MacroOutput> m_Output;
+    std::unique_ptr<MacroLogFile> m_BMWLog; // null while there is none
     SCC_Stack<SYS_String> m_ModalContexts;
     SYS_String m_LastRecorded;
     int m_LastCompressID = 0;
