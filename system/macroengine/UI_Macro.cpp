@@ -12,6 +12,7 @@
 
 #include "engine/ErrorTexts.h"
 #include "engine/Frames.h"
+#include "interpreter/ContextSwaper.h"
 #include "interpreter/RunGuard.h"
 #include "recording/LogRecorder.h"
 
@@ -219,6 +220,16 @@ UI_MacroVariant UI_Macro::ExecuteMacroString(SYS_String const& text) {
     return result;
 }
 
+UI_MacroVariant UI_Macro::Eval(MacroSource* source, bool sideEffects) {
+    const SCL_Pointer<MacroSource> keep(source);
+    auto* outer = dynamic_cast<MacroParser*>(MacroSupport::GetProcessor());
+    if (!SCL_ASSERT(outer, "UI_Macro::Eval: there is no current processor") || !outer)
+        return UI_MacroVariant();
+    const EntryGuard entry(*outer); // it outlives the evaluation, and a stop waits for its end
+    const cMacroContextSwaper swapped(*outer, source);
+    return outer->Eval(sideEffects);
+}
+
 void UI_Macro::Stop() {
     SCL_ASSERT(m_Impl, "UI_Macro::Stop: nothing has been started");
     if (m_Impl)
@@ -360,4 +371,19 @@ int UI_Macro::GetPosition(int frame) {
 MacroSource* UI_Macro::GetSource(int frame) {
     const ExecutionContext* context = frameOf(frame);
     return context ? context->m_Source.Get() : nullptr;
+}
+
+SCL_Vector<MacroVariableInfo> UI_Macro::GetVariables(int frame) {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->ListVariables(frame) : SCL_Vector<MacroVariableInfo>();
+}
+
+bool UI_Macro::GetVariable(int frame, SYS_String const& name, UI_MacroVariant& value) {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor && processor->ReadVariable(frame, name, value);
+}
+
+bool UI_Macro::SetVariable(int frame, SYS_String const& name, UI_MacroVariant const& value) {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor && processor->WriteVariable(frame, name, value);
 }

@@ -196,6 +196,8 @@ void MacroSupport::SetOutput(MacroOutput* output) { m_Output = output; }
 void MacroSupport::SetExecutionMode(ExecutionMode mode) {
     if (m_StopPending)
         return; // nothing lifts a run out of its stop
+    if (m_Evaluating && mode != emStopped && mode != emFinished)
+        return; // an evaluation is not paused or stepped, and runs in its own mode
     const ExecutionMode old = m_ExecutionMode;
     m_ExecutionMode = mode;
     if (mode != emPaused || old == mode)

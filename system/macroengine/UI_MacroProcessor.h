@@ -4,6 +4,7 @@
 // `MacroParser` parses and runs. The processor is itself the root object of the names.
 
 #include <MacroException.h>
+#include <MacroInspection.h>
 #include <MacroSource.h>
 #include <SCC_Event.h>
 #include <SCC_Map.h>
@@ -17,6 +18,7 @@
 #include <functional>
 #include <memory>
 
+class EvaluationGuard;
 class FileTable;
 class FrameStack;
 class MacroScanner;
@@ -178,6 +180,11 @@ public:
     /// Runs a file (empty: the source in use), or one procedure of it. Raises: any.
     virtual UI_MacroVariant ExecuteMacro(const SYS_String& file, const SYS_String& function,
                                          UI_MacroVariant* args, int argc);
+    /// Evaluates the source in use, an expression or statements, with the frames as they are; the
+    /// value of an expression or a call, else Empty. Without side effects assignments and calls of
+    /// the macro's procedures are refused. The tree is replaced: `UI_Macro::Eval` puts the running
+    /// macro's aside first. Raises: any. Re-enters: any.
+    virtual UI_MacroVariant Eval(bool sideEffects);
     virtual MacroPlaybackResult PlayBack(int resume, MacroSource* source, char const* name);
     virtual MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) = 0;
     virtual UI_MacroVariant Call(const SYS_String& function, UI_MacroVariant* args, int argc) = 0;
@@ -203,6 +210,18 @@ public:
     ExecutionContext* GetContext(int frame) const;
     FrameStack& GetFrames() const { return *m_ContextStack; }
     MacroSupport* GetParentProcessor() const { return m_Parent; }
+
+    // Variables of a frame, for a debugger; frames are numbered as above.
+    /// All that the frame holds, in the order they were made; the names that every module has
+    /// (`Nothing`, `Empty`, `Null`) are left out. Raises: never.
+    SCL_Vector<MacroVariableInfo> ListVariables(int frame) const;
+    /// Copies the value of a variable of that frame, else of the module below it; false if there
+    /// is none. An object comes as a Reference to it. Raises: never.
+    bool ReadVariable(int frame, const SYS_String& name, UI_MacroVariant& value) const;
+    /// Assigns to such a variable as the macro would: an object is bound, everything else is
+    /// copied. False, with nothing done, for an unknown name or a constant. Raises: what the
+    /// assignment raises. Re-enters: host objects.
+    bool WriteVariable(int frame, const SYS_String& name, const UI_MacroVariant& value);
 
     // Recording. A line that a command of the host reports goes to the outputs and logs of all
     // processors. Re-enters: outputs of the host.
@@ -295,7 +314,7 @@ public:
     bool IsParsing() const { return m_Parsing; }
     MacroScanner& GetScanner() { return *m_Scanner; }
     bool IsInEvaluation() const {
-        return m_ExecutionMode == emEval || m_ExecutionMode == emEvalPure;
+        return m_Evaluating || m_ExecutionMode == emEval || m_ExecutionMode == emEvalPure;
     }
     ParserTree::Step& Current() { return m_Current; }
     /// Whether an entry of this processor is on the native stack: a run, a parse, or the way there.
@@ -309,6 +328,8 @@ protected:
     friend class ParserTree;
     friend class EntryGuard;
     friend class RunGuard;
+    friend class EvaluationGuard;
+    friend class cMacroContextSwaper;
     friend class UI_Macro;
 
     static SCC_SharedPointer<Map> InitFunctionsMap();
@@ -330,6 +351,10 @@ protected:
     static SCC_Event<char const*>& RecordEvent();
     UI_MacroVariant* lookUpEntry(const MacroName* name) const;
     UI_MacroVariantParam* findVariable(const MacroName* name, unsigned& place) const;
+    UI_MacroVariantParam* findVariableOf(int frame, const SYS_String& name) const;
+    bool readEvaluation(ExecutionMode mode, EvaluationGuard& guard);
+    bool parseEvaluation(ExecutionMode mode, bool asExpression, EvaluationGuard& guard);
+    bool isCallFirst() const;
     virtual bool hasUnits() const = 0;
     virtual void endCall(bool failed) = 0;
 
@@ -353,8 +378,10 @@ protected:
     int m_ReturnCode = 0;
     int m_Entries = 0;
     bool m_StopPending = false;
-    bool m_Abandoned = false;    // the owner has gone: deleted by the outermost entry
-    ParserTree::Step m_PausedAt; // the step at which the last pause happened
+    bool m_Evaluating = false;       // an evaluation is on the native stack
+    bool m_EvaluationStarts = false; // the next run is the evaluated text
+    bool m_Abandoned = false;        // the owner has gone: deleted by the outermost entry
+    ParserTree::Step m_PausedAt;     // the step at which the last pause happened
     std::unique_ptr<FileTable> m_Files;
 
     // Recording.
@@ -424,6 +451,7 @@ public:
 protected:
     friend class ParserTree;
     friend class RunGuard;
+    friend class cMacroContextSwaper;
     friend class UI_Macro;
 
     /// Parses the next text of the source, and all further lines of one that gives lines; false
