@@ -118,7 +118,7 @@ void RunWithinBounds(UI_Macro& macro) {
     };
     MacroSupport::SetHostHooks(hooks);
     //! [hooks]
-    Report([&] { macro.ExecuteMacroString("Out.Line MsgBox(\"Go on?\", vbYesNo, \"Plan\")"); });
+    Report([&] { macro.ExecuteMacroString("Out.Line MsgBox(\"Go on?\", mbYesNo, \"Plan\")"); });
     Report([&] { macro.ExecuteMacroString("Do\nx = x + 1\nLoop"); });
     std::printf("stopped: %s\n",
                 MacroSupport::GetProcessor()->GetExecutionMode() == MacroSupport::emStopped ? "yes"
