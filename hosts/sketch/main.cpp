@@ -19,6 +19,7 @@ struct Arguments {
     std::string input;
     std::string macro = "-";
     std::string svg;
+    std::string log; // only so that the option is known: the engine reads it by itself
 };
 
 int reportFile(const std::string& path) {
@@ -105,6 +106,8 @@ int prompt(const Arguments& arguments) {
 }
 
 void addOutputs(CLI::App& command, Arguments& arguments, bool recordsMacro) {
+    if (recordsMacro)
+        command.add_option("--log", arguments.log, "Keep a log of what is recorded, too");
     if (recordsMacro)
         command.add_option("--macro", arguments.macro,
                            "Where the recorded macro goes; - is "
