@@ -21,6 +21,24 @@ TEST_F(SketchRecord, ADragKeepsItsBeginningAndItsEnd) {
     expectSamePicture(recording, "");
 }
 
+TEST_F(SketchRecord, RelativePlacesMoveWithTheLastOne) {
+    const Recording recording = record("relative on\nline 10 10.5 15 8\ncircle 15 8 4\n"
+                                       "press 15 8\ndrag 16 9\ndrag 17.25 8\nrelease\n"
+                                       "text 17.25 8 end\n");
+    EXPECT_EQ(recording.macro,
+              "Document.Shapes.AddLine Document.X + 10, Document.Y + 10.5, Document.X + 15, "
+              "Document.Y + 8\n"
+              "Document.Shapes.AddCircle Document.X, Document.Y, 4\n"
+              "Document.BeginDrag Document.X, Document.Y\n"
+              "Document.DragTo Document.X + 2.25, Document.Y\n"
+              "Document.EndDrag\n"
+              "Document.Shapes.AddText Document.X, Document.Y, \"end\"\n");
+    expectSamePicture(recording, "");
+    EXPECT_EQ(titleAfter("Document.Pick 100, 200\n" + recording.macro +
+                         "Set last = Document.Shapes(2)\nOptions.Title = last.X & \" \" & last.Y"),
+              "117.25 208");
+}
+
 TEST_F(SketchRecord, TextsAreRecordedSoThatTheyReadTheSame) {
     const Recording recording = record("text 1 2 \"a \"\"b\"\" \x01\t'\xC3\xA4\"\n"
                                        "layer \"two words\"\n"
