@@ -114,22 +114,15 @@ private:
         return m_Lines.FromCounted(static_cast<int>(node.GetLine()));
     }
 
-    bool isModuleLevel(const Node& node) const {
-        const Node* top = &node;
-        while (top->GetParent())
-            top = top->GetParent();
-        return top == &m_Unit.m_Root;
-    }
-
     void note(Node& node) {
         switch (node.GetKind()) {
         case Kind::Function:
             procedure(static_cast<ValueNode<ParserTree::Function>&>(node));
             break;
         case Kind::FunctionEnd:
-            // Procedures do not nest, so it is the last one's.
-            if (!m_Report.procedures.empty())
+            if (m_InProcedure)
                 m_Report.procedures.back().endLine = lineOf(node);
+            m_InProcedure = false;
             break;
         case Kind::VarDecl:
             name(node, static_cast<ValueNode<ParserTree::VarDecl>&>(node).name,
@@ -159,11 +152,12 @@ private:
         for (const ParserTree::Argument& argument : declared.arguments)
             info.arguments.push_back({argument.name, argument.mode == 2, argument.isArray});
         m_Report.procedures.push_back(info);
+        m_InProcedure = true;
     }
 
     // An array is declared again and again; the first time counts.
     void name(const Node& node, const SYS_String& name, MacroNameInfo::Kind kind, int access = 0) {
-        if (!isModuleLevel(node))
+        if (m_InProcedure)
             return;
         const SYS_StrNoCase key(name);
         const auto same = [&](const MacroNameInfo& other) { return key == other.name; };
@@ -181,6 +175,7 @@ private:
     ParserTree::ScriptUnit& m_Unit;
     const TextLines& m_Lines;
     MacroReport& m_Report;
+    bool m_InProcedure = false; // procedures do not nest
 };
 
 } // namespace
