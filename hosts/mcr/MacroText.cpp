@@ -3,6 +3,7 @@
 #include <MacroSource.h>
 
 #include "Session.h"
+#include "Utf8.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -37,17 +38,15 @@ std::string inOneLine(std::string_view text) {
     if (begin == std::string_view::npos)
         return std::string();
     text = text.substr(begin, text.find_last_not_of(" \t\r\v\f") + 1 - begin);
-    const bool cut = text.size() > kLongestLine;
-    std::string line(text.substr(0, kLongestLine));
-    if (cut) {
-        while (!line.empty() && (line.back() & 0xC0) == 0x80)
-            line.pop_back(); // not in the middle of a character
-        if (!line.empty() && (line.back() & 0x80))
-            line.pop_back();
-        line += "...";
+    std::string line(text.substr(0, kLongestLine + 1));
+    if (line.size() > kLongestLine) {
+        std::size_t end = kLongestLine;
+        while (end > 0 && (line[end] & 0xC0) == 0x80)
+            --end; // not in the middle of a character
+        line = line.substr(0, end) + "...";
     }
     for (char& c : line)
-        if (static_cast<unsigned char>(c) < ' ' || c == 0x7F)
+        if (IsControl(c))
             c = ' ';
     return line;
 }
