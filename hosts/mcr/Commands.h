@@ -13,6 +13,5 @@ struct RunOptions {
 };
 
 int RunMacro(const RunOptions& options);
-int CheckMacros(const std::vector<std::string>& files);
 int EvaluateExpression(const std::string& expression, double timeout);
 int PrintTree(const std::string& file);

@@ -3,6 +3,7 @@
 #include <SYS_Exception.h>
 
 #include "HostSource.h"
+#include "MacroText.h"
 #include "MessageBox.h"
 #include "Watch.h"
 
@@ -12,14 +13,6 @@
 #include <filesystem>
 
 namespace {
-
-SYS_String readStandardInput() {
-    SYS_String text;
-    char buffer[65536];
-    while (const size_t count = std::fread(buffer, 1, sizeof buffer, stdin))
-        text.Append(buffer, count);
-    return text;
-}
 
 std::string place(const SYS_String& file, int line) {
     return std::string(file.View()) + ":" + std::to_string(line + 1) + ": ";
@@ -56,8 +49,10 @@ void Session::onStatement(long) {
 }
 
 SCL_Pointer<MacroSource> Session::OpenSource(const std::string& path) {
-    if (path == "-")
-        return new TextSource(readStandardInput(), "-", m_Trace);
+    if (path == "-") {
+        SYS_String text;
+        return ReadMacroText(path, text) ? new TextSource(text, "-", m_Trace) : nullptr;
+    }
 
     std::error_code error;
     if (std::filesystem::is_directory(path, error)) {

@@ -399,6 +399,8 @@ protected:
     int m_LastErrorCode = 1;
     long m_LastErrorLine = 0;
     SYS_String m_LastErrorText;
+    long m_FailingOffset = -1; // of the token at which a parse failed, in its text; -1 none
+    bool m_CheckMode = false;  // a parse for its own sake: the tree of a failed one stays
 
     bool m_Nested;
     SCC_SafePointer<MacroSupport> m_Parent;
