@@ -20,7 +20,8 @@ if(TARGET kel_mcr)
         add_executable(kel_mcr_tests ${TEST_SOURCES})
         target_include_directories(kel_mcr_tests PRIVATE
             ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests ${GENERATED_DIR})
-        target_link_libraries(kel_mcr_tests PRIVATE kel_mcr::kel_mcr GTest::gtest kel_mcr_flags)
+        target_link_libraries(kel_mcr_tests PRIVATE
+            kel_mcr::kel_mcr kel_mcr_scripting GTest::gtest kel_mcr_flags)
         foreach(program IN LISTS EXAMPLES ITEMS mcr)
             if(TARGET ${program})
                 add_dependencies(kel_mcr_tests ${program})
