@@ -31,7 +31,8 @@ public:
     CallArguments& operator=(const CallArguments&) = delete;
     ~CallArguments() {
         for (UINT i = 0; i < m_Count; ++i)
-            VariantClear(&m_Values[i]);
+            if (m_Values[i].vt > VT_R8) // the tags up to here own nothing
+                VariantClear(&m_Values[i]);
     }
 
     /// False if there are too many.
