@@ -22,7 +22,8 @@ if(TARGET kel_mcr)
         target_include_directories(kel_mcr_tests PRIVATE
             ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests ${GENERATED_DIR})
         target_link_libraries(kel_mcr_tests PRIVATE
-            kel_mcr::kel_mcr GTest::gtest nlohmann_json::nlohmann_json kel_mcr_flags)
+            kel_mcr::kel_mcr kel_mcr_scripting GTest::gtest nlohmann_json::nlohmann_json
+            kel_mcr_flags)
         foreach(program IN LISTS EXAMPLES ITEMS mcr sketch)
             if(TARGET ${program})
                 add_dependencies(kel_mcr_tests ${program})
