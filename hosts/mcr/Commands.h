@@ -16,3 +16,5 @@ int RunMacro(const RunOptions& options);
 int CheckMacros(const std::vector<std::string>& files);
 int EvaluateExpression(const std::string& expression, double timeout);
 int PrintTree(const std::string& file);
+/// Reads the debugger's commands from standard input.
+int DebugMacro(const std::string& file);
