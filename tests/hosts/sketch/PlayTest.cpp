@@ -96,6 +96,21 @@ TEST_F(SketchPlay, TextThatXmlCannotHoldIsReplacedAndTheRestEscaped) {
     EXPECT_NE(result.out.find("y=\"17\" "), std::string::npos) << result.out; // the second line
 }
 
+TEST_F(SketchPlay, TheGridAndHiddenLayersShowInThePicture) {
+    const ProgramResult result =
+        play("Options.Width = 50\nOptions.Height = 30.5\nOptions.Grid = 20\n"
+             "Document.Layer = \"Top\"\nDocument.Shapes.AddLine 1, 1, 2, 2\n"
+             "Document.Layer = \"Base\"\nDocument.Shapes.AddLine 3, 3, 4, 4\n"
+             "Document.Layer = \"Hidden\"\nDocument.Shapes.AddLine 5, 5, 6, 6\n"
+             "Document.LayerVisible(\"Hidden\") = False\n");
+    EXPECT_NE(result.out.find("d=\"M20 0V30.5M40 0V30.5M0 20H50\""), std::string::npos);
+    const std::size_t base = result.out.find("x1=\"3\"");
+    const std::size_t top = result.out.find("x1=\"1\"");
+    EXPECT_LT(base, top); // layers lie in the order of their making
+    EXPECT_NE(top, std::string::npos);
+    EXPECT_EQ(result.out.find("x1=\"5\""), std::string::npos);
+}
+
 TEST_F(SketchPlay, QuitEndsTheMacroAndGivesTheStatus) {
     ProgramResult result = play("Options.Title = \"kept\"\nApp.Quit 7\nOptions.Title = \"lost\"\n");
     EXPECT_EQ(result.status, 7);
