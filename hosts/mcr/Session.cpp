@@ -1,6 +1,7 @@
 #include "Session.h"
 
 #include <SYS_Exception.h>
+#include <Scripting.h>
 
 #include "HostSource.h"
 #include "MacroText.h"
@@ -31,6 +32,7 @@ Session::Session() {
     hooks.messageBox = &ShowMessageBox;
     MacroSupport::SetHostHooks(hooks);
     m_Macro.Register(m_Console, nullptr);
+    scripting::Register();
 }
 
 Session::~Session() { MacroSupport::SetHostHooks(MacroHostHooks()); }
@@ -84,8 +86,10 @@ int Session::Guard(MacroSource& source, const std::function<int()>& work) {
         return code;
     } catch (const MacroException& error) {
         const SYS_String& path = error.GetFilePath();
-        return reportError(path.IsEmpty() ? source.GetFileName() : path, error.GetPosition(),
-                           std::string(error.GetText().View()));
+        std::string text(error.GetText().View());
+        if (!error.GetDetail().IsEmpty())
+            text += "\n  " + std::string(error.GetDetail().View());
+        return reportError(path.IsEmpty() ? source.GetFileName() : path, error.GetPosition(), text);
     } catch (const SYS_Exception& error) {
         WriteError("mcr: " + std::string(error.GetText()) + "\n");
     } catch (const std::exception& error) {

@@ -22,7 +22,7 @@ public:
     Words(int argc, char** argv) {
         m_End = 2;
         const std::string command = argc > 1 ? argv[1] : "";
-        const bool takesWords = command == "run" || command == "eval";
+        const bool takesWords = command == "run" || command == "eval" || command == "debug";
         while (m_End < argc && !(takesWords && std::string(argv[m_End]) == "--"))
             ++m_End;
         m_End = std::min(m_End, argc);
@@ -82,6 +82,11 @@ int runCommandLine(int argc, char** argv) {
     CLI::App* tree = app.add_subcommand("tree", "Print the parse tree, one node a line");
     tree->add_option("FILE", file, "Macro file; - is standard input")->required();
 
+    CLI::App* debug = app.add_subcommand("debug", "Run a macro step by step: help shows how");
+    debug->add_option("FILE", file, "Macro file")->required();
+    debug->prefix_command();
+    debug->footer("What follows FILE goes to the macro: [ARG...]");
+
     const EditorCommands editorCommands(app);
 
     try {
@@ -101,6 +106,8 @@ int runCommandLine(int argc, char** argv) {
         WriteError("mcr: eval takes one expression\n");
         return ExitUsage;
     }
+    if (*debug)
+        return DebugMacro(file);
     if (*tree)
         return PrintTree(file);
     return editorCommands.Run().value_or(ExitUsage);

@@ -12,8 +12,10 @@
 
 #include "engine/ErrorTexts.h"
 #include "engine/Frames.h"
+#include "interpreter/ContextSwaper.h"
 #include "interpreter/RunGuard.h"
 #include "language/EditorTokenizer.h"
+#include "recording/LogRecorder.h"
 
 namespace {
 
@@ -26,6 +28,7 @@ int s_Started = 0;
 void MacroEngineDllInitialize() {
     if (s_Started++ == 0)
         RegisterMacroErrorTexts();
+    LogRecorder::Instance();
 }
 
 void MacroEngineDllTerminate() {
@@ -100,8 +103,10 @@ UI_Macro::~UI_Macro() {
 }
 
 UI_MacroImpl& UI_Macro::impl() {
-    if (!m_Impl)
+    if (!m_Impl) {
+        LogRecorder::Instance(); // comes before every processor
         m_Impl = new UI_MacroImpl(m_Nested);
+    }
     return *m_Impl;
 }
 
@@ -222,6 +227,16 @@ UI_MacroVariant UI_Macro::ExecuteMacroString(SYS_String const& text) {
     return result;
 }
 
+UI_MacroVariant UI_Macro::Eval(MacroSource* source, bool sideEffects) {
+    const SCL_Pointer<MacroSource> keep(source);
+    auto* outer = dynamic_cast<MacroParser*>(MacroSupport::GetProcessor());
+    if (!SCL_ASSERT(outer, "UI_Macro::Eval: there is no current processor") || !outer)
+        return UI_MacroVariant();
+    const EntryGuard entry(*outer); // it outlives the evaluation, and a stop waits for its end
+    const cMacroContextSwaper swapped(*outer, source);
+    return outer->Eval(sideEffects);
+}
+
 void UI_Macro::Stop() {
     SCL_ASSERT(m_Impl, "UI_Macro::Stop: nothing has been started");
     if (m_Impl)
@@ -285,6 +300,16 @@ int UI_Macro::GetCompressID() {
 int UI_Macro::GetRelativeMode() {
     const MacroSupport* processor = MacroSupport::GetProcessor();
     return processor ? processor->GetRelativeMode() : 0;
+}
+
+int UI_Macro::SetBMWLogFile(char const* path, int append) {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->SetBMWLogFile(path, append) : 0;
+}
+
+int UI_Macro::InBMWLoggingMode() {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->InBMWLoggingMode() : 0;
 }
 
 UI_Macro::PlaybackResultCode UI_Macro::ContinuePlayback(char const* name) {
@@ -392,4 +417,19 @@ int UI_Macro::GetPosition(int frame) {
 MacroSource* UI_Macro::GetSource(int frame) {
     const ExecutionContext* context = frameOf(frame);
     return context ? context->m_Source.Get() : nullptr;
+}
+
+SCL_Vector<MacroVariableInfo> UI_Macro::GetVariables(int frame) {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->ListVariables(frame) : SCL_Vector<MacroVariableInfo>();
+}
+
+bool UI_Macro::GetVariable(int frame, SYS_String const& name, UI_MacroVariant& value) {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor && processor->ReadVariable(frame, name, value);
+}
+
+bool UI_Macro::SetVariable(int frame, SYS_String const& name, UI_MacroVariant const& value) {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor && processor->WriteVariable(frame, name, value);
 }
