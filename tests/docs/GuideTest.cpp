@@ -5,6 +5,7 @@
 //     basic              a macro; it is run
 //     basic file=NAME    a file that later examples of the page use; written, not run
 //     text               what the block in front of it writes, errors behind the output
+//                        (none behind a macro whose next block is a sh: it writes nothing)
 //     text file=NAME     a file, as above
 //     sh                 a command line; a text block follows
 //     form               the form of a statement; not run
@@ -152,12 +153,19 @@ private:
             fail(block, "Exit status " + std::to_string(result.status));
     }
 
+    bool isNext(const char* language) const {
+        return m_At + 1 < m_Page.blocks.size() && m_Page.blocks[m_At + 1].language == language &&
+               m_Page.blocks[m_At + 1].option.empty();
+    }
+
     // The output is in the block behind.
     void compare(const Block& block, const ProgramResult& result) {
-        const bool hasOutput = m_At + 1 < m_Page.blocks.size() &&
-                               m_Page.blocks[m_At + 1].language == "text" &&
-                               m_Page.blocks[m_At + 1].option.empty();
-        if (!hasOutput) {
+        if (block.language == "basic" && isNext("sh")) {
+            if (!result.out.empty() || !result.err.empty())
+                fail(block, "The example shows\n" + result.out + result.err);
+            return;
+        }
+        if (!isNext("text")) {
             fail(block, "The guide does not say what this example does");
             return;
         }
@@ -227,12 +235,6 @@ TEST(GuideExpectations, AreReadFromComments) {
 
 // ---- Completeness
 
-bool equalNames(const std::string& a, const std::string& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-        return std::tolower(x) == std::tolower(y);
-    });
-}
-
 /// The words of a macro's code, in small letters: no strings, no comments.
 std::set<std::string> wordsOf(const std::string& macro) {
     std::set<std::string> words;
@@ -286,6 +288,15 @@ protected:
             }
         }
         return words;
+    }
+
+    /// Whether an example states it.
+    bool isShown(const std::string& text) const {
+        return std::any_of(m_Pages.begin(), m_Pages.end(), [&](const Page& page) {
+            return std::any_of(page.blocks.begin(), page.blocks.end(), [&](const Block& block) {
+                return block.text.find(text) != std::string::npos;
+            });
+        });
     }
 
     /// Whether the first page has a link with this end.
@@ -350,6 +361,9 @@ TEST_F(GuideTellsOf, EveryError) {
         if (!error.text.empty()) {
             EXPECT_EQ(cells[1], "`" + error.text + "`") << error.number;
         }
+        const bool isReachable = !error.text.empty() && !cells[2].starts_with("never") &&
+                                 !cells[2].starts_with("from a host");
+        EXPECT_TRUE(!isReachable || isShown(error.text)) << error.text << " is in no example";
     }
 }
 
