@@ -195,12 +195,14 @@ TEST_F(Mcr, ShowsTheOpenFramesOfAnError) {
                                                  " Call inner\n"
                                                  "End Sub\n"
                                                  "Sub inner()\n"
-                                                 " x = 1 \\ 0\n"
+                                                 " If False Then\n"
+                                                 " ElseIf 1 \\ 0 Then\n"
+                                                 " End If\n"
                                                  "End Sub\n");
     const ProgramResult result = mcr({"run", path});
     EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(result.err.starts_with(path + ":6: ")) << result.err;
-    EXPECT_NE(result.err.find("\n  at " + path + ":6 in inner\n  at " + path + ":3 in outer\n"),
+    EXPECT_TRUE(result.err.starts_with(path + ":7: ")) << result.err;
+    EXPECT_NE(result.err.find("\n  at " + path + ":7 in inner\n  at " + path + ":3 in outer\n"),
               std::string::npos)
         << result.err;
 }
