@@ -59,7 +59,8 @@ DebugRun::Outcome DebugRun::Run(ScriptFile& file, bool stopAtFirst) {
         m_Session.GetMacro().Execute(source, SYS_String(), nullptr, 0);
         outcome.code = UI_Macro::GetReturnValue();
         const MacroSupport& engine = processor();
-        if (!m_Stopped && !engine.GetLastErrorText().IsEmpty()) // a block that is never closed
+        const bool isParsed = engine.GetExecutionMode() != MacroSupport::emStopped;
+        if (!m_Stopped && !isParsed) // a block that is never closed
             outcome.error = file.At(engine.GetLastErrorLine()) + ": " +
                             ShortErrorText(engine.GetLastErrorText());
     } catch (const MacroException& error) {
@@ -167,7 +168,9 @@ bool DebugRun::OnStatement(const ScriptFile& file, long line) {
     if (m_Halted)
         return false; // the engine tells of a failed statement that has halted already
     const ParserTree::Node* passed = std::exchange(m_Passed, nullptr);
-    if (m_Breakpoints.IsEmpty() && !m_Stepping.IsActive() && !Interrupt::IsAsked())
+    const bool mayHalt =
+        m_Stepping.IsActive() || Interrupt::IsAsked() || m_Breakpoints.Find(file, line);
+    if (!mayHalt)
         return false;
     const Place here = placeAt(file, line);
     return here.node != passed && haltsAt(here);

@@ -18,8 +18,8 @@ struct Halt {
 
 /// One open frame; 0 is the innermost.
 struct FrameInfo {
-    ScriptFile* file; ///< null if the text is not one of the debugger's
-    long line;        ///< from 0; below 0 if nothing of it has run
+    ScriptFile* file = nullptr; ///< null if the text is not one of the debugger's
+    long line = -1;             ///< from 0; below 0 if nothing of it has run
     std::string procedure;
     std::string Describe() const; ///< "PROCEDURE at FILE:LINE"
 };

@@ -44,7 +44,7 @@ void Debugger::runOnce() {
     const DebugRun::Outcome outcome = m_Run.Run(*m_Main, m_StopsAtFirst);
     m_Code = outcome.code;
     m_Frame = 0;
-    m_ListFrom = -1;
+    m_NextList = Target();
     if (!outcome.error.empty())
         say(outcome.error + "\n");
     else if (!outcome.wasStopped && outcome.code != ExitDone)

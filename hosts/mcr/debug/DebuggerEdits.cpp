@@ -21,7 +21,7 @@ ScriptFile* Debugger::findFile(const std::string& name) {
 
 // LINE, FILE:LINE, PROC or FILE:PROC.
 Debugger::Target Debugger::findTarget(const std::string& text) {
-    Target target{&currentFile(), 0};
+    Target target{&currentFile()};
     std::string place = text;
     const std::size_t colon = text.rfind(':');
     if (colon != std::string::npos) {
@@ -41,15 +41,13 @@ Debugger::Target Debugger::findTarget(const std::string& text) {
         }
         return target;
     }
-    const Outline::Procedure* procedure = target.file->outline.FindProcedure(place);
-    if (!procedure && colon == std::string::npos) {
-        target.file = m_Main;
-        procedure = m_Main->outline.FindProcedure(place);
-    }
-    if (procedure) {
-        target.line = procedure->firstStatement;
-        return target;
-    }
+    std::vector<ScriptFile*> candidates = {target.file};
+    if (colon == std::string::npos)
+        for (const auto& file : m_Files.GetAll())
+            candidates.push_back(file.get());
+    for (ScriptFile* file : candidates)
+        if (const Outline::Procedure* procedure = file->outline.FindProcedure(place))
+            return {file, procedure->firstStatement, true};
     say("There is no procedure \"" + place + "\".\n");
     target.file = nullptr;
     return target;
