@@ -35,7 +35,8 @@ public:
         char commentLeader = 0;
         bool afterDot = false;
         bool wholeRestIsRem = false; // the tokenizer's view: `rem` takes all that follows
-        bool restDropped = false;    // an unterminated string ended the text
+        bool restDropped = false;    // nothing more is read
+        bool stringIsOpen = false;   // a string without its end is why
         bool continuesText = false;  // more lines come from the source
         bool movesSource = false;    // the lines of the text are lines of the source
         bool expressionForm = false; // the text is the value of `LET name =`

@@ -80,12 +80,13 @@ MacroPlaybackResult MacroParser::runDialogBlock(WithNode& with, ParserTree::Step
         MacroParser& processor;
         WithNode& with;
         ParserTree::Step step;
+        const ParserTree* tree;
         ~Entry() {
             --with.nestedRuns;
             if (processor.m_ExecutionMode != emStopped)
-                processor.m_Current = step;
+                processor.m_Current = processor.m_Tree.Get() == tree ? step : ParserTree::Step{};
         }
-    } entry{*this, with, m_Current};
+    } entry{*this, with, m_Current, m_Tree.Get()};
     const int frames = m_ContextStack->GetCount();
     const int blocks = m_ContextStack->Top()->GetBlockDepth();
     m_ResultCode = pbBlockDone;
