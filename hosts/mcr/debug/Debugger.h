@@ -87,7 +87,8 @@ private:
     ScriptFile& currentFile();
     Target findTarget(const std::string& text);
     ScriptFile* findFile(const std::string& name);
-    bool changeLine(int kind, long line, const std::string& text);
+    bool mayEdit(long first, long last);
+    void takeOver(const SCL_Vector<MacroParser::LineChange>& changes);
     void tellBroken(const ScriptFile& file) const;
 
     Session m_Session;

@@ -106,7 +106,7 @@ void Debugger::doList(const std::string& arguments) {
 void Debugger::listLines(ScriptFile& file, long first, long end) {
     end = std::min<long>(end, file.text.GetCount());
     if (first >= end)
-        say(file.shown + " has " + std::to_string(file.text.GetCount()) + " lines.\n");
+        say(file.shown + " ends with line " + std::to_string(file.text.GetCount()) + ".\n");
     const FrameInfo frame = m_Run.IsHalted() ? m_Run.GetFrame(m_Frame) : FrameInfo{};
     for (long line = first; line < end; ++line)
         say(sourceLine(file, line, frame.file == &file && frame.line == line,

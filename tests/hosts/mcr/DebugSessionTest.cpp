@@ -2,7 +2,7 @@
 //     $ cat FILE      what follows is put into that file; behind a session it is what is in it
 //     $ mcr debug ... what follows is the session; what stands behind "(mcr) " is typed
 //     $ echo $?       the exit status of the session
-// Blanks at the ends of lines do not count.
+// Those of the guide are real ones as well. Blanks at the ends of lines do not count.
 
 #include "RunProgram.h"
 #include "TestPaths.h"
@@ -20,6 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path kFolder = fs::path(TEST_PROJECT_DIR) / "tests/hosts/mcr/debug";
+const std::string kGuide = TEST_PROJECT_DIR "/docs/debugging.md";
 const std::string kPrompt = "(mcr)";
 
 /// A command of the shell and what follows it.
@@ -50,6 +51,26 @@ std::vector<Entry> readEntries(const std::string& transcript) {
         }
     }
     return entries;
+}
+
+/// The blocks of a guide that show a terminal; a session may go on in the next one.
+std::string blocksOf(const std::string& guide) {
+    std::string result;
+    bool isInside = false;
+    bool isTerminal = false;
+    std::istringstream lines(guide);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("```")) {
+            isInside = !isInside;
+            isTerminal = false;
+            continue;
+        }
+        isTerminal =
+            isInside && (isTerminal || line.starts_with("$ ") || line.starts_with(kPrompt));
+        if (isTerminal)
+            result += line + '\n';
+    }
+    return result;
 }
 
 /// What is typed. The last prompt is left without an answer if the input ends there.
@@ -126,6 +147,8 @@ class DebugSession : public DebugTranscript, public testing::WithParamInterface<
 TEST_P(DebugSession, GoesAsItIsWrittenDown) {
     play(ReadWholeFile((kFolder / (GetParam() + ".session")).string()));
 }
+
+TEST_F(DebugTranscript, OfTheGuideGoesAsItIsWrittenDown) { play(blocksOf(ReadWholeFile(kGuide))); }
 
 std::vector<std::string> findSessions() {
     std::vector<std::string> names;

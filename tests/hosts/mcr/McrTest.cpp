@@ -248,6 +248,15 @@ TEST_F(Mcr, SharesStandardInputWithADebuggedMacro) {
     EXPECT_EQ(result.status, 0);
 }
 
+TEST_F(Mcr, SavesEditedTextInTheFormOfTheFile) {
+    const std::string path = write("form.mcr", "\xEF\xBB\xBFx = 1\r\n\r\ny = 2");
+    ProgramInput input;
+    input.text = "edit 1 x = 3\ninsert 4 z = x + y\nstep\nremove 2\nsave\nquit\n";
+    const ProgramResult result = mcr({"debug", path}, input);
+    EXPECT_EQ(ReadWholeFile(path), "\xEF\xBB\xBFx = 3\r\ny = 2\r\nz = x + y\r\n") << result.out;
+    EXPECT_EQ(result.status, 0);
+}
+
 // The commands of a terminal can be edited and recalled: the second line is the first one again.
 TEST_F(Mcr, EditsTheLinesOfATerminal) {
     const std::string path = write("empty.mcr", "");
