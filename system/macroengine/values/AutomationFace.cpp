@@ -94,7 +94,8 @@ HRESULT tellError(const SYS_String& text, EXCEPINFO* exception) {
 
 class Face final : public IDispatch {
 public:
-    explicit Face(MacroEval& object) : m_Object(static_cast<UI_MacroVariant*>(&object)) {}
+    explicit Face(MacroEval& object)
+        : m_Object(static_cast<UI_MacroVariant*>(&object)), m_Place(&object) {}
 
     MacroEval* GetObject() const { return static_cast<MacroEval*>(m_Object.getRefVal()); }
 
@@ -148,14 +149,17 @@ private:
     ~Face() {
         FaceTable& table = faces();
         table.all.erase(this);
-        std::erase_if(table.byObject, [this](const auto& entry) { return entry.second == this; });
+        const auto entry = table.byObject.find(m_Place);
+        if (entry != table.byObject.end() && entry->second == this)
+            table.byObject.erase(entry); // else another object stands there by now
     }
 
     static UI_MacroVariant evaluate(MacroEval& object, const SYS_String* name, ArgumentList& list,
                                     bool& isKnown);
     static HRESULT put(UI_MacroVariant& member, const VARIANT& source, bool byReference);
 
-    UI_MacroVariant m_Object; // a Reference: what lives by its References stays alive
+    UI_MacroVariant m_Object;             // a Reference: what lives by its References stays alive
+    const UI_MacroVariant* const m_Place; // where the object stands or stood; only compared
     ULONG m_References = 1;
 };
 
