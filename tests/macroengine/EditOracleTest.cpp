@@ -241,7 +241,7 @@ TEST_F(EditOracleTest, AnEditedTreeIsTheTreeOfTheEditedText) {
     int sound = 0;
     int faulty = 0;
     for (const Feed feed : {Feed::Whole, Feed::LineByLine}) {
-        for (unsigned seed = 1; seed <= 60; ++seed) {
+        for (unsigned seed = 1; seed <= 100; ++seed) {
             SCL_Pointer<EditedSource> source = new EditedSource(splitLines(kText), feed);
             parser().SetSource(source);
             ASSERT_TRUE(parser().Parse());
