@@ -11,7 +11,29 @@ namespace {
 using namespace macrofiles;
 
 /// How the run is driven.
-enum class Drive { Plain, StopAtEveryStatement, StepInto, StepOver };
+enum class Drive {
+    Plain,
+    StopAtEveryStatement,
+    StepInto,
+    StepOver,
+    ReparseFirst,      // every line is parsed again, all at once
+    ReparseUnderTheRun // every line by itself, while the first statement waits
+};
+
+MacroParser& parser() { return static_cast<MacroParser&>(*MacroSupport::GetProcessor()); }
+
+void reparse(bool together) {
+    const auto* unit = parser().GetTree().GetCurrentUnit();
+    const int count = static_cast<int>(unit->m_Lines.size());
+    SCL_Vector<MacroParser::LineChange> changes;
+    for (int line = 0; line < count; ++line) {
+        changes.push_back({2, line});
+        if (together && line + 1 < count)
+            continue;
+        EXPECT_TRUE(parser().Reparse(changes));
+        changes.clear();
+    }
+}
 
 /// Stops at each statement, or steps all the way: each pause is answered with the next step.
 class DrivenSource : public MemorySource {
@@ -22,10 +44,13 @@ public:
     bool IsBreakPoint(long) override {
         if (m_Drive == Drive::StopAtEveryStatement)
             return m_Stop = !m_Stop;
-        if (m_Drive != Drive::Plain && !m_Started) {
-            m_Started = true;
+        if (m_Started)
+            return false;
+        m_Started = true;
+        if (m_Drive == Drive::StepInto || m_Drive == Drive::StepOver)
             goOn();
-        }
+        else if (m_Drive == Drive::ReparseUnderTheRun)
+            reparse(false);
         return false;
     }
     MacroSource* Clone(char const* name) override {
@@ -75,7 +100,10 @@ protected:
         Outcome outcome;
         const SCL_Pointer<MacroSource> source(new DrivenSource(text, feed, drive, path));
         try {
-            execute(source);
+            if (drive == Drive::ReparseFirst)
+                runReparsed(source);
+            else
+                execute(source);
         } catch (const MacroException& error) {
             outcome.errorText = firstLine(std::string(error.GetText().View()));
             outcome.errorLine = error.GetPosition() + 1;
@@ -90,6 +118,14 @@ protected:
     }
 
 private:
+    static void runReparsed(MacroSource* source) {
+        parser().SetSource(source);
+        if (!parser().Parse())
+            return;
+        reparse(true);
+        parser().SetExecutionMode(MacroSupport::emRun);
+        parser().PlayBack(0, nullptr, nullptr);
+    }
     void write(Args values) {
         for (const UI_MacroVariant& value : values)
             m_Output += textOf(value);
@@ -131,11 +167,15 @@ TEST_P(MacroModes, Agree) {
         Feed feed;
         Drive drive;
     };
-    for (const Way& way : {Way{"whole", Feed::Whole, Drive::Plain},
-                           Way{"line by line", Feed::LineByLine, Drive::Plain},
-                           Way{"every statement", Feed::Whole, Drive::StopAtEveryStatement},
-                           Way{"step into", Feed::Whole, Drive::StepInto},
-                           Way{"step over, line by line", Feed::LineByLine, Drive::StepOver}}) {
+    for (const Way& way :
+         {Way{"whole", Feed::Whole, Drive::Plain},
+          Way{"line by line", Feed::LineByLine, Drive::Plain},
+          Way{"every statement", Feed::Whole, Drive::StopAtEveryStatement},
+          Way{"step into", Feed::Whole, Drive::StepInto},
+          Way{"step over, line by line", Feed::LineByLine, Drive::StepOver},
+          Way{"parsed again", Feed::Whole, Drive::ReparseFirst},
+          Way{"parsed again, line by line", Feed::LineByLine, Drive::ReparseFirst},
+          Way{"parsed again while it runs", Feed::Whole, Drive::ReparseUnderTheRun}}) {
         if (way.feed == Feed::LineByLine && text.find("\nrem\n") != std::string::npos)
             continue; // a line that ends behind the word is a name
         SCOPED_TRACE(path + ", " + way.name);

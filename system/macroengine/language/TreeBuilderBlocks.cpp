@@ -65,6 +65,17 @@ void TreeBuilder::EndIf() {
 
 // --- Select ------------------------------------------------------------------------------------
 
+namespace {
+
+/// A `Case` stands and falls with its `Select`: an edit of the one is an edit of the other.
+void joinToSelect(ParserTree& tree, const ParserTree::Node& select, long line) {
+    ParserTree::Position* const here = tree.GetOrCreatePosition(nullptr, line);
+    if (here && select.GetPosition() && here != select.GetPosition())
+        here->blockBegin = select.GetPosition();
+}
+
+} // namespace
+
 void TreeBuilder::OpenSelect(const MacroToken& value) {
     Node* subject = operand(value);
     auto* node = makeStatement<ParserTree::Select>();
@@ -78,6 +89,7 @@ void TreeBuilder::Case(const MacroToken& values) {
     auto* node = openBlock<ParserTree::Select, true>();
     if (!node || node->hasElse)
         fail(errEndIfWithoutIf);
+    joinToSelect(tree(), *node, m_Processor.GetParsePosition());
     node->AppendChild(operand(values));
     auto* branch = makeValue<ParserTree::SelectCase>();
     node->AppendChild(branch);
@@ -90,6 +102,7 @@ void TreeBuilder::CaseElse() {
     auto* node = openBlock<ParserTree::Select, true>();
     if (!node || node->hasElse)
         fail(errEndIfWithoutIf);
+    joinToSelect(tree(), *node, m_Processor.GetParsePosition());
     node->hasElse = true;
 }
 

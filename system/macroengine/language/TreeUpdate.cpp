@@ -132,10 +132,10 @@ void TreeUpdate::spreadMarks() {
         if (position.isRemoved)
             continue;
         const Position* end = position.blockEnd;
-        if (end && end != &position && !end->isMarked && end->line > position.line)
+        if (end && end != &position && !end->isRemoved && end->line > position.line)
             markRange({position.line + 1, end->line + 1});
         const Position* begin = position.blockBegin;
-        if (begin && begin != &position && !begin->isMarked && begin->line >= 0)
+        if (begin && begin != &position && !begin->isRemoved && begin->line >= 0)
             markRange({begin->line, position.line});
     }
 }
