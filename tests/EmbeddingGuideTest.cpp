@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <sstream>
 
@@ -108,35 +107,6 @@ TEST(EmbeddingGuide, ShowsTheProgramsAsTheyAre) {
         const std::string file = block.reference.substr(0, block.reference.find('#'));
         ASSERT_TRUE(fs::is_regular_file(kProject / file));
         EXPECT_EQ(joined(block.lines), quoted(block.reference));
-    }
-}
-
-TEST(EmbeddingGuide, ItsLinksLeadSomewhere) {
-    std::string page;
-    Texts headings;
-    bool inBlock = false;
-    for (const std::string& line : linesOf(kGuide)) {
-        if (line.starts_with("```"))
-            inBlock = !inBlock;
-        if (inBlock)
-            continue;
-        page += line + "\n";
-        if (line.starts_with("#")) {
-            std::string anchor;
-            for (const char c : line.substr(line.find(' ') + 1))
-                if (std::isalnum(static_cast<unsigned char>(c)) || c == '-')
-                    anchor += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-                else if (c == ' ')
-                    anchor += '-';
-            headings.push_back("#" + anchor);
-        }
-    }
-    for (std::size_t at = page.find("]("); at != std::string::npos; at = page.find("](", at + 1)) {
-        const std::string target = page.substr(at + 2, page.find(')', at) - at - 2);
-        const bool leads = target.starts_with("#") ? std::find(headings.begin(), headings.end(),
-                                                               target) != headings.end()
-                                                   : fs::exists(kGuide.parent_path() / target);
-        EXPECT_TRUE(leads) << target;
     }
 }
 
