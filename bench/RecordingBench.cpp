@@ -44,10 +44,10 @@ void recordLines(benchmark::State& state) {
     const ScratchFile file;
     char line[64];
     for (auto _ : state) {
-        engine.GetDoor().StartRecording(new MacroOutputFile(file.GetName()));
+        engine.GetMacro().StartRecording(new MacroOutputFile(file.GetName()));
         for (int i = 0; i < kLines; ++i)
             MacroSupport::Record(lineOf(i, line), 0, 0);
-        engine.GetDoor().StopRecording();
+        engine.GetMacro().StopRecording();
     }
     state.SetItemsProcessed(state.iterations() * kLines);
 }
@@ -75,7 +75,7 @@ BENCHMARK(recordLinesInC)->Name("record/the same in C")->Unit(benchmark::kMillis
 void recordDrag(benchmark::State& state) {
     BenchEngine engine;
     const ScratchFile file;
-    engine.GetDoor().StartRecording(new MacroOutputFile(file.GetName()));
+    engine.GetMacro().StartRecording(new MacroOutputFile(file.GetName()));
     MacroSupport* processor = MacroSupport::GetProcessor();
     processor->SetCompressionMode(true);
     char line[64];

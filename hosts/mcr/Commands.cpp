@@ -6,7 +6,6 @@
 #include "Session.h"
 #include "Watch.h"
 
-#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -51,22 +50,6 @@ int RunMacro(const RunOptions& options) {
             writeTextLine(static_cast<SYS_String>(result));
         return code;
     });
-}
-
-int CheckMacros(const std::vector<std::string>& files) {
-    int worst = ExitDone;
-    for (const std::string& file : files) {
-        Session session; // each file on its own: no names are left over from another
-        int code = ExitUsage;
-        if (const SCL_Pointer<MacroSource> source = session.OpenSource(file)) {
-            code = session.Guard(*source, [&] {
-                parse(session, source);
-                return ExitDone;
-            });
-        }
-        worst = std::max(worst, code);
-    }
-    return worst;
 }
 
 // In parentheses it can be nothing but an expression: `Len(a) = 1` compares.

@@ -26,6 +26,8 @@ struct FreeBuffer {
 
 } // namespace
 
+bool Console::s_LineIsOpen = false;
+
 Console::Console() : MacroEval("Console") {}
 
 UI_MacroVariant Console::Evaluate(const char* name, UI_MacroVariant* args, int argc) {
@@ -39,6 +41,12 @@ bool Console::IsPropertyGet(const char* name) {
 }
 
 bool Console::Flush() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }
+
+void Console::StartLine() {
+    if (s_LineIsOpen)
+        std::fputc('\n', stdout);
+    s_LineIsOpen = false;
+}
 
 const Console::Member* Console::findMember(const char* name) {
     static constexpr Member kMembers[] = {
@@ -64,18 +72,22 @@ UI_MacroVariant Console::write(UI_MacroVariant* args, int argc) {
     for (int i = 0; i < argc; ++i)
         text += static_cast<SYS_String>(args[i]);
     std::fwrite(text.c_str(), 1, static_cast<size_t>(text.GetLength()), stdout);
+    if (!text.IsEmpty())
+        s_LineIsOpen = text.View().back() != '\n';
     return UI_MacroVariant();
 }
 
 UI_MacroVariant Console::writeLine(UI_MacroVariant* args, int argc) {
     write(args, argc);
     std::fputc('\n', stdout);
+    s_LineIsOpen = false;
     return UI_MacroVariant();
 }
 
 UI_MacroVariant Console::readLine(UI_MacroVariant* args, int argc) {
     CheckArguments(0, args, argc);
     Flush(); // a question must be seen before its answer is awaited
+    s_LineIsOpen = s_LineIsOpen && !isatty(STDIN_FILENO); // the answer's own line end is seen
 
     char* buffer = nullptr;
     size_t capacity = 0;

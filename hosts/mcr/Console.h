@@ -15,6 +15,8 @@ public:
     /// Writes out what is buffered. False if standard output did not take all of it, now or
     /// earlier.
     static bool Flush();
+    /// Ends the line if macros have left one open, for others who write to standard output.
+    static void StartLine();
 
 private:
     using Method = UI_MacroVariant (Console::*)(UI_MacroVariant* args, int argc);
@@ -29,4 +31,6 @@ private:
     UI_MacroVariant writeLine(UI_MacroVariant* args, int argc);
     UI_MacroVariant readLine(UI_MacroVariant* args, int argc);
     UI_MacroVariant width(UI_MacroVariant* args, int argc);
+
+    static bool s_LineIsOpen;
 };

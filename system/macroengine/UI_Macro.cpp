@@ -14,6 +14,7 @@
 #include "engine/Frames.h"
 #include "interpreter/ContextSwaper.h"
 #include "interpreter/RunGuard.h"
+#include "language/EditorTokenizer.h"
 #include "recording/LogRecorder.h"
 
 namespace {
@@ -43,6 +44,11 @@ const void* GetLocalResourceHandle_MacroEngine() {
 const void* GetOrigModuleState_MacroEngine() { return nullptr; }
 
 // --- UI_MacroImpl ------------------------------------------------------------------------------
+
+UI_MacroImpl::UI_MacroImpl(bool nested)
+    : MacroParser(nested), m_Tokenizer(std::make_unique<EditorTokenizer>()) {}
+
+UI_MacroImpl::~UI_MacroImpl() = default;
 
 int UI_MacroImpl::InRecordMode() const {
     MacroSupport* parent = GetParentProcessor();
@@ -74,9 +80,10 @@ UI_MacroVariant UI_MacroImpl::ExecuteMacro(const SYS_String& file, const SYS_Str
 
 UI_Macro::UI_Macro(bool nested) : m_Nested(nested) {}
 
-UI_Macro::UI_Macro(UI_Macro const& other) : m_Nested(other.m_Nested) {}
+UI_Macro::UI_Macro(UI_Macro const& other) : UI_Tokenizer(other), m_Nested(other.m_Nested) {}
 
 UI_Macro& UI_Macro::operator=(UI_Macro const& other) {
+    UI_Tokenizer::operator=(other);
     m_Nested = other.m_Nested;
     return *this;
 }
@@ -340,6 +347,45 @@ SCC_Array<SYS_String> UI_Macro::GetFunctionDescriptions() {
     for (const auto& entry : engine.GetProcedures())
         descriptions.Append(entry.value.GetDescription());
     return descriptions;
+}
+
+// --- Editors ------------------------------------------------------------------------------------
+
+void UI_Macro::SetInputString(const char* text) {
+    UI_Tokenizer::SetInputString(text);
+    impl().GetTokenizer().Begin();
+}
+
+int UI_Macro::GetNextToken(CStringA& piece) {
+    const EditorPiece next = impl().GetTokenizer().Next(m_Cursor);
+    setPiece(next.text.data(), next.text.size());
+    piece = CStringA(next.text);
+    if (next.lacksQuote)
+        piece += '"';
+    return next.kind;
+}
+
+int UI_Macro::GetFgColor(int pieceClass) {
+    impl();
+    return pieceClass == pcKeyword ? 0xFF0000 : UI_Tokenizer::GetFgColor(pieceClass);
+}
+
+int UI_Macro::CheckMacroFile(SYS_String const& path, int* errorLine) {
+    UI_MacroImpl& engine = impl();
+    refuseReentry(engine);
+    return engine.CheckMacroFile(path, errorLine);
+}
+
+MacroReport UI_Macro::InspectMacroFile(SYS_String const& path) {
+    UI_MacroImpl& engine = impl();
+    refuseReentry(engine);
+    return engine.InspectMacroFile(path);
+}
+
+MacroReport UI_Macro::InspectMacroText(SYS_String const& text, SYS_String const& name) {
+    UI_MacroImpl& engine = impl();
+    refuseReentry(engine);
+    return engine.InspectMacroText(text, name);
 }
 
 // --- Frames ------------------------------------------------------------------------------------

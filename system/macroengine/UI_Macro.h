@@ -10,8 +10,10 @@
 //     MacroEngineDllTerminate();
 
 #include <MacroInspection.h>
+#include <MacroReport.h>
 #include <UI_MacroProcessor.h>
 #include <UI_MacroVariant.h>
+#include <UI_Tokenizer.h>
 
 /// Starts and ends the engine. Calls may be nested; each start needs its end.
 KEL_MCR_API void MacroEngineDllInitialize();
@@ -23,7 +25,7 @@ KEL_MCR_API const void* GetOrigModuleState_MacroEngine();
 
 class UI_MacroImpl;
 
-class KEL_MCR_API UI_Macro {
+class KEL_MCR_API UI_Macro : public UI_Tokenizer {
 public:
     using PlaybackResultCode = MacroPlaybackResult;
     using enum MacroPlaybackResult;
@@ -34,7 +36,7 @@ public:
     UI_Macro(UI_Macro const& other);
     UI_Macro& operator=(UI_Macro const& other);
     /// On a running macro: asserts, then stops it.
-    virtual ~UI_Macro();
+    ~UI_Macro() override;
 
     /// Makes an object visible to macros under a name. Owner: the caller keeps the object.
     void Register(MacroEval& object, char const* name);
@@ -85,6 +87,21 @@ public:
     /// The names of the macro's procedures; one empty string if there are none.
     SCC_Array<SYS_String> GetFunctionNames();
     SCC_Array<SYS_String> GetFunctionDescriptions();
+
+    // Colouring macro text. It disturbs no macro, not even a running one.
+    void SetInputString(const char* text) override;
+    int GetNextToken(CStringA& piece) override;
+    int GetFgColor(int pieceClass) override;
+
+    /// Parses a file without running it: 1 if it is a macro, else 0 and, if `errorLine` is given,
+    /// the zero-based line of the error; a file that does not exist leaves that alone. The code,
+    /// text and line stay in the processor as its last error. Lets go of the source before.
+    /// Raises: 42 while a macro runs.
+    int CheckMacroFile(SYS_String const& path, int* errorLine);
+    /// Parses a file in the same way, and tells all that an editor may want to know of it.
+    MacroReport InspectMacroFile(SYS_String const& path);
+    /// The same for a text. The name stands for its path, and may be empty.
+    MacroReport InspectMacroText(SYS_String const& text, SYS_String const& name);
 
     // Frames of the current processor and its parents; 0 is the innermost.
     int GetFramesCount();

@@ -363,6 +363,7 @@ void MacroSupport::ClearLastError() {
     m_LastErrorCode = errMessage;
     m_LastErrorLine = 0;
     m_LastErrorText.Clear();
+    m_FailingOffset = -1;
 }
 
 // --- Frames ------------------------------------------------------------------------------------

@@ -52,6 +52,8 @@ struct MacroHostHooks {
     std::function<SYS_String(const char* name)> defaultPath;
     std::function<SYS_String()> applicationName;
     std::function<void(const char* text)> debugOutput;
+    /// The library whose constants macros know by name, asked for each name that is no object and
+    /// no built-in function. The host keeps it alive.
     std::function<ITypeLib*()> typeLib;
 };
 
@@ -204,6 +206,7 @@ public:
     int GetLastErrorCode() const { return m_LastErrorCode; }
     long GetLastErrorLine() const { return m_LastErrorLine; }
     const SYS_String& GetLastErrorText() const { return m_LastErrorText; }
+    void ClearLastError();
 
     // Frames. 0 is the innermost; the numbers run on through the parents.
     int GetFramesCount() const;
@@ -340,7 +343,6 @@ protected:
     virtual MacroOutput* backgroundLog() { return nullptr; }
     [[noreturn]] void raise(MacroException& error, int code, long line);
     long errorLine() const;
-    void ClearLastError();
     void finishStop();
     static void callStatementHook(long line);
     /// False if the host has none.
@@ -399,6 +401,8 @@ protected:
     int m_LastErrorCode = 1;
     long m_LastErrorLine = 0;
     SYS_String m_LastErrorText;
+    long m_FailingOffset = -1; // of the token at which a parse failed, in its text; -1 none
+    bool m_CheckMode = false;  // a parse for its own sake: the tree of a failed one stays
 
     bool m_Nested;
     SCC_SafePointer<MacroSupport> m_Parent;
