@@ -1,92 +1,84 @@
-// Automation objects of a host: macros make them by a program name, and need no registered object.
+// A host program that gives macros a class of automation objects, and hands its own object to one
+// of them.
 
 #include <AutomationObject.h>
 #include <UI_Macro.h>
 
 #include <cstdio>
-#include <vector>
-
-namespace {
 
 //! [class]
-/// A queue of texts: `Add text`, `Count`, `Take()`, and `For Each`.
-class Queue : public automation::Object {
+/// `CreateObject("House.Lamp")`. The level is the default: `x = lamp`.
+class Lamp final : public automation::Object {
 public:
     const automation::Members& GetMembers() const override {
         static const automation::Members members(
-            "Queue",
-            {automation::Method<&Queue::Add>("Add", 1),
-             automation::Property<&Queue::GetCount>("Count").Default(),
-             automation::Method<&Queue::Take>("Take"), automation::Enumerator<&Queue::Walk>()});
+            "Lamp", {
+                        automation::Property<&Lamp::GetLevel, &Lamp::SetLevel>("Level").Default(),
+                        automation::Method<&Lamp::Dim>("Dim", 0, 1),
+                        automation::Property<&Lamp::GetOwner, nullptr, &Lamp::SetOwner>("Owner"),
+                    });
         return members;
     }
 
 private:
-    void Add(const automation::Arguments& arguments) { m_Texts.push_back(arguments.Text(0)); }
-    LONG GetCount() const { return static_cast<LONG>(m_Texts.size()); }
-    COleVariant Take() {
-        if (m_Texts.empty())
-            throw automation::Failure("The queue is empty");
-        const SYS_String first = m_Texts.front();
-        m_Texts.erase(m_Texts.begin());
-        return COleVariant(first.c_str());
+    LONG GetLevel() const { return m_Level; }
+    void SetLevel(const automation::Arguments& arguments) {
+        const LONGLONG level = arguments.Integer(0);
+        if (level < 0 || level > 100)
+            throw automation::Failure("A lamp has a level from 0 to 100");
+        m_Level = static_cast<LONG>(level);
     }
-    IUnknown* Walk() const {
-        std::vector<COleVariant> items;
-        for (const SYS_String& text : m_Texts)
-            items.emplace_back(text.c_str());
-        return automation::NewEnumerator(items);
+    LONG Dim(const automation::Arguments& arguments) {
+        const auto by = static_cast<LONG>(arguments.Integer(0, 10));
+        return m_Level = m_Level > by ? m_Level - by : 0;
     }
+    COleVariant GetOwner() const { return m_Owner; }
+    void SetOwner(const automation::Arguments& arguments) { m_Owner = arguments[0]; }
 
-    std::vector<SYS_String> m_Texts;
+    LONG m_Level = 100;
+    COleVariant m_Owner;
 };
 //! [class]
 
-/// `Out.Line` prints values.
-class Out : public MacroEval {
-public:
-    Out() : MacroEval("Out") {}
+/// `House.Say text` prints it.
+struct House : MacroEval {
+    House() : MacroEval("House") {}
 
     UI_MacroVariant Evaluate(const char* name, UI_MacroVariant* args, int argc) override {
-        if (SYS_StrNoCase(name) != "Line")
+        if (!name || SYS_String(name).CompareNoCase("Say") != 0 || argc != 1)
             return MacroEval::Evaluate(name, args, argc);
-        for (int i = 0; i < argc; ++i)
-            std::printf("%s ", static_cast<SYS_String>(args[i]).c_str());
-        std::printf("\n");
-        return UI_MacroVariant();
+        std::printf("%s\n", SYS_String(args[0]).c_str());
+        return true;
     }
 };
-
-} // namespace
 
 int main() {
     MacroEngineDllInitialize();
     //! [register]
-    automation::RegisterClass("Office.Queue", [] { return new Queue; });
+    automation::RegisterClass("House.Lamp", [] { return new Lamp; });
     //! [register]
-    {
-        Out out;
+    int status = 1;
+    try {
         UI_Macro macro(true);
-        macro.Register(out, nullptr);
-        try {
-            //! [macro]
-            macro.ExecuteMacroString("Set work = CreateObject(\"Office.Queue\")\n"
-                                     "work.Add \"letters\"\n"
-                                     "work.Add \"calls\"\n"
-                                     "For Each task In work\n"
-                                     "    Out.Line task\n"
-                                     "Next\n"
-                                     "Out.Line work.Take(), work.Count, work + 1\n"
-                                     "work.Take\n"
-                                     "work.Take\n");
-            //! [macro]
-        } catch (const MacroException& error) {
-            //! [failure]
-            std::printf("line %d: %s: %s\n", error.GetPosition() + 1, error.GetText().c_str(),
-                        error.GetDetail().c_str());
-            //! [failure]
-        }
+        House house;
+        macro.Register(house, nullptr);
+        //! [macro]
+        macro.ExecuteMacroString("Set lamp = CreateObject(\"House.Lamp\")\n"
+                                 "lamp.Dim\n"
+                                 "lamp.Dim 30\n"
+                                 "House.Say \"level \" & lamp\n"
+                                 "Set lamp.Owner = House\n"
+                                 "lamp.Owner.Say \"said by the owner\"\n"
+                                 "lamp.Level = 101\n");
+        //! [macro]
+    } catch (const MacroException& error) {
+        //! [failure]
+        std::printf("line %d: %s (%s)\n", error.GetPosition() + 1, error.GetText().c_str(),
+                    error.GetDetail().c_str());
+        //! [failure]
+        status = 0;
     }
-    automation::RevokeClass("Office.Queue");
+    automation::RevokeClass("House.Lamp");
     MacroEngineDllTerminate();
+    return status;
 }
