@@ -6,6 +6,7 @@
 
 #include <cstdio>
 
+//! [class]
 /// `CreateObject("House.Lamp")`. The level is the default: `x = lamp`.
 class Lamp final : public automation::Object {
 public:
@@ -37,6 +38,7 @@ private:
     LONG m_Level = 100;
     COleVariant m_Owner;
 };
+//! [class]
 
 /// `House.Say text` prints it.
 struct House : MacroEval {
@@ -52,12 +54,15 @@ struct House : MacroEval {
 
 int main() {
     MacroEngineDllInitialize();
+    //! [register]
     automation::RegisterClass("House.Lamp", [] { return new Lamp; });
+    //! [register]
     int status = 1;
     try {
         UI_Macro macro(true);
         House house;
         macro.Register(house, nullptr);
+        //! [macro]
         macro.ExecuteMacroString("Set lamp = CreateObject(\"House.Lamp\")\n"
                                  "lamp.Dim\n"
                                  "lamp.Dim 30\n"
@@ -65,9 +70,12 @@ int main() {
                                  "Set lamp.Owner = House\n"
                                  "lamp.Owner.Say \"said by the owner\"\n"
                                  "lamp.Level = 101\n");
+        //! [macro]
     } catch (const MacroException& error) {
+        //! [failure]
         std::printf("line %d: %s (%s)\n", error.GetPosition() + 1, error.GetText().c_str(),
                     error.GetDetail().c_str());
+        //! [failure]
         status = 0;
     }
     automation::RevokeClass("House.Lamp");

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <deque>
 
+//! [class]
 /// `Name` is read-only. `Degrees` can be read and written, and it is the default: `x = room`.
 class Thermostat : public MacroEval {
 public:
@@ -45,16 +46,52 @@ private:
 
     double m_Degrees = 18.0;
 };
+//! [class]
+
+/// A child of the house: macros name it `House.Door`.
+class Door : public MacroEval {
+public:
+    Door() : MacroEval("Door") {}
+    using MacroEval::operator=;
+
+    static cMacroAppClass* GetMacroClass() {
+        static cMacroAppClass self("Door", MacroEval::GetMacroClass());
+        static cMacroClassProperty<Door> open(self, "Open", TypeNameBoolean, &Door::IsOpen,
+                                              &Door::SetOpen);
+        return &self;
+    }
+    const ScriptDebugger::iApplicationClass* GetMacroDescriptor() const override {
+        return GetMacroClass();
+    }
+    UI_MacroVariant Evaluate(const char* name, UI_MacroVariant* args, int argc) override {
+        UI_MacroVariant result;
+        if (EvaluateMember(*this, name, args, argc, result))
+            return result;
+        return MacroEval::Evaluate(name, args, argc);
+    }
+
+private:
+    UI_MacroVariant IsOpen(int, UI_MacroVariant*) { return m_Open; }
+    UI_MacroVariant SetOpen(int, UI_MacroVariant* args) {
+        m_Open = static_cast<bool>(args[0]);
+        return UI_MacroVariant();
+    }
+
+    bool m_Open = false;
+};
 
 /// `House.Add("Hall")` gives a new thermostat, `House(0)` or `House.Room(0)` one that is there.
 class House : public MacroEval {
 public:
-    House() : MacroEval("House") {}
+    //! [child]
+    House() : MacroEval("House") { Register(m_Door, nullptr); }
+    //! [child]
     using MacroEval::operator=;
 
     static cMacroAppClass* GetMacroClass() {
         static cMacroAppClass self("House", MacroEval::GetMacroClass());
         static cMacroClassProperty<House> count(self, "Count", TypeNameInt, &House::GetCount);
+        static cMacroClassProperty<House> names(self, "Names", TypeNameVariant, &House::GetNames);
         static cMacroClassMethod<House> add(self, "Add", "Thermostat", &House::Add, false,
                                             cMacroArgument("room", TypeNameString));
         static cMacroClassMethod<House> room(self, "Room", "Thermostat", &House::Room, true,
@@ -71,6 +108,12 @@ public:
         return MacroEval::Evaluate(name, args, argc);
     }
 
+    //! [constants]
+    void OnParserReset(MacroSupport& processor) override {
+        regConstantInParser(processor, "hsRoomTemperature", 21.0);
+    }
+    //! [constants]
+
     void Print() {
         for (Thermostat& room : m_Rooms)
             std::printf("%-8s %.1f degrees\n", room.GetName().c_str(),
@@ -79,6 +122,15 @@ public:
 
 private:
     UI_MacroVariant GetCount(int, UI_MacroVariant*) { return static_cast<int>(m_Rooms.size()); }
+    //! [array]
+    UI_MacroVariant GetNames(int, UI_MacroVariant*) {
+        UI_MacroArray names;
+        for (const Thermostat& room : m_Rooms)
+            names.Append(room.GetName());
+        return names;
+    }
+    //! [array]
+    //! [items]
     UI_MacroVariant Add(int, UI_MacroVariant* args) {
         return static_cast<UI_MacroVariant*>(
             &m_Rooms.emplace_back(static_cast<SYS_String>(args[0])));
@@ -89,7 +141,9 @@ private:
             OnMacroError("There is no such room");
         return static_cast<UI_MacroVariant*>(&m_Rooms.at(static_cast<std::size_t>(index)));
     }
+    //! [items]
 
+    Door m_Door;
     std::deque<Thermostat> m_Rooms; // stay where they are while the house grows
 };
 
@@ -101,6 +155,7 @@ int main() {
         UI_Macro macro(true);
         macro.Register(house, "House");
         try {
+            //! [macro]
             macro.ExecuteMacroString("House.Add \"Hall\"\n"
                                      "Set kitchen = House.Add(\"Kitchen\")\n"
                                      "kitchen.Degrees = House(0) + 2.5\n"
@@ -108,6 +163,15 @@ int main() {
                                      "For i = 0 To House.Count - 1\n"
                                      "    House.Room(i).Warm 0.5\n"
                                      "Next\n");
+            //! [macro]
+            house.Print();
+            macro.ExecuteMacroString("For Each room In House.Names\n"
+                                     "    all = all & room & \" \"\n"
+                                     "Next\n"
+                                     "House.Door.Open = True\n"
+                                     "House.Add all & House.Door.Open\n"
+                                     "Set last = House(House.Count - 1)\n"
+                                     "last.Degrees = hsRoomTemperature\n");
             house.Print();
             macro.ExecuteMacroString("House.Room(7).Warm");
         } catch (const MacroException& error) {

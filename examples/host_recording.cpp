@@ -3,6 +3,7 @@
 #include <UI_Macro.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -94,19 +95,18 @@ void RecordDialog(UI_Macro& macro) {
     macro.StopRecording();
 }
 
-void KeepLogs(Pen& pen) {
+void KeepLog(Pen& pen, const char* file) {
     //! [named log]
-    if (UI_Macro::SetBMWLogFile("/tmp/host_recording.log", 0) != 0) {
+    if (UI_Macro::SetBMWLogFile(file, 0) != 0) {
         pen.MoveTo(1, 2, 0);
         UI_Macro::SetBMWLogFile(nullptr, 0); // closes it
     }
     //! [named log]
     char line[80] = "";
-    if (std::FILE* log = std::fopen("/tmp/host_recording.log", "r")) {
+    if (std::FILE* log = std::fopen(file, "r")) {
         std::printf("log: %s", std::fgets(line, sizeof line, log) ? line : "empty\n");
         std::fclose(log);
     }
-    std::remove("/tmp/host_recording.log");
 }
 
 } // namespace
@@ -122,7 +122,10 @@ int main() {
         //! [program log]
         RecordWork(macro, pen);
         RecordDialog(macro);
-        KeepLogs(pen);
+        char file[] = "/tmp/host_recordingXXXXXX";
+        if (::mkstemp(file) >= 0)
+            KeepLog(pen, file);
+        std::remove(file);
     }
     MacroEngineDllTerminate();
 }

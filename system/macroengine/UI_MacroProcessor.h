@@ -4,6 +4,7 @@
 // `MacroParser` parses and runs. The processor is itself the root object of the names.
 
 #include <MacroException.h>
+#include <MacroHostHooks.h>
 #include <MacroInspection.h>
 #include <MacroSource.h>
 #include <SCC_Event.h>
@@ -15,7 +16,6 @@
 #include <safeflag.h>
 #include <sccstack.h>
 
-#include <functional>
 #include <memory>
 
 class EvaluationGuard;
@@ -30,7 +30,6 @@ class TreeUpdate;
 class UI_MacroErr;
 class UI_MacroWScript;
 struct ContextBlock;
-struct ITypeLib;
 
 /// What `PlayBack` and `ContinuePlayback` came to.
 enum MacroPlaybackResult {
@@ -38,34 +37,6 @@ enum MacroPlaybackResult {
     pbFinished = 1,   ///< a run came to its end
     pbFailed = 2,     ///< nothing to run, no processor, or the block's context is broken
     pbBlockDone = 3   ///< the block ran to its end
-};
-
-/// Services that a host may put in the place of the engine's own. Process-wide; a null member
-/// keeps the default. Called on the thread that runs the macro.
-struct MacroHostHooks {
-    std::function<int(const SYS_String& text, int flags, const SYS_String& title)> messageBox;
-    std::function<void()> doEvents;
-    /// Each turn of a paused run; without it the engine sleeps a millisecond.
-    std::function<void()> idle;
-    /// Before each statement (zero-based line), and every 1024th step of an evaluation. May call
-    /// `Stop()`, change the mode, or throw `MacroStopException`.
-    std::function<void(long line)> statement;
-    /// Fills in a locale value; false takes the default.
-    std::function<bool(int id, SYS_String& value)> locale;
-    std::function<SYS_String(const char* name)> defaultPath;
-    std::function<SYS_String()> applicationName;
-    std::function<void(const char* text)> debugOutput;
-    /// The library whose constants macros know by name, asked for each name that is no object and
-    /// no built-in function. The host keeps it alive.
-    std::function<ITypeLib*()> typeLib;
-};
-
-/// Bounds on what a macro may use. Beyond them a macro ends with "out of memory".
-struct MacroLimits {
-    int stringBytes = 0x3FFFFFFF; ///< of one string
-    int arrayElements = 16777216; ///< of one array, over all its levels
-    int frames = 500000;          ///< open procedure calls
-    int nestedRuns = 200;         ///< runs inside runs, which use the native stack
 };
 
 /// What `Option` statements set.
