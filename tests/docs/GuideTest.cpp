@@ -27,6 +27,7 @@
 #include <cctype>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <unistd.h>
@@ -385,6 +386,26 @@ TEST_F(GuideTellsOf, EveryConstant) {
             EXPECT_EQ(cells[1], constant.value) << constant.name;
         }
     }
+}
+
+// The members are known by the tables in the sources of the classes.
+TEST_F(GuideTellsOf, EveryMemberOfTheClassesOfMcr) {
+    static const std::regex member(R"re((?:Property|Method)<[^>]*>\(\s*"(\w+)")re");
+    std::string told;
+    for (const Page& page : m_Pages) {
+        for (const std::string& text : page.tableRows)
+            told += markdown::Cells(text)[0] + '\n';
+    }
+    int count = 0;
+    for (const auto& entry : fs::directory_iterator(TEST_PROJECT_DIR "/hosts/scripting")) {
+        const std::string source = ReadWholeFile(entry.path().string());
+        for (std::sregex_iterator at(source.begin(), source.end(), member), end; at != end; ++at) {
+            ++count;
+            const std::string name = (*at)[1];
+            EXPECT_TRUE(std::regex_search(told, std::regex("`" + name + "\\b"))) << name;
+        }
+    }
+    EXPECT_GT(count, 40);
 }
 
 TEST_F(GuideTellsOf, EveryColour) {
