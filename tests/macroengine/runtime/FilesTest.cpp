@@ -270,7 +270,7 @@ TEST_F(Files, AreClosedWhenTheRunIsOver) {
 
 TEST_F(Files, AStatementWritesOnceAndAFullDiskIsNoError) {
     TestPlatform platform;
-    platform.writesBeforeFailure = 3; // the first one is that of the macro's own text
+    platform.writes.left = 3; // the first one is that of the macro's own text
     EXPECT_EQ(run.Run("Open \"@f\" For Output As #1\nPrint #1, 1; Tab(9); \"b\"; Spc(3) \"c\" 4\n"
                       "Print #1, \"second\"; \"part\"\nPrint #1, \"lost\"\nClose\nok = 1\n"),
               0)
@@ -285,13 +285,13 @@ TEST_F(Files, AFailingReadIsAnErrorButNoEnd) {
     TestPlatform platform;
     engine.OnOpen(run.Folder().Path("f"), ParserTree::FileInput, 1, ParserTree::AccessReadWrite,
                   ParserTree::LockShared, 0);
-    platform.readsBeforeFailure = 0;
+    platform.reads.left = 0;
     EXPECT_FALSE(engine.GetFile(1).IsAtEnd());
     UI_MacroVariant field = "untouched";
     EXPECT_THROW(engine.OnInput(&field, 1, 1), MacroException);
     EXPECT_EQ(engine.GetLastErrorCode(), 36);
     EXPECT_EQ(static_cast<SYS_String>(field), "untouched");
-    platform.readsBeforeFailure = -1;
+    platform.reads.left = -1;
     engine.OnInput(&field, 1, 1);
     EXPECT_EQ(static_cast<SYS_String>(field), "a");
     engine.CloseAllFiles();
