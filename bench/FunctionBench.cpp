@@ -14,7 +14,7 @@ const char* const kPrepare = "text = Replace(String(32768, \"x\"), \"x\", "
 // Runs a statement on the megabyte. The time of making the megabyte is measured alone as "none".
 void runOnMegabyte(benchmark::State& state, const char* statement) {
     BenchEngine engine;
-    const SCL_Pointer<MacroSource> source(new BenchSource(std::string(kPrepare) + statement));
+    const SCL_Pointer<MacroSource> source(new MemorySource(std::string(kPrepare) + statement));
     for (auto _ : state)
         engine.Run(source);
 }
@@ -37,7 +37,7 @@ BENCHMARK_CAPTURE(runOnMegabyte, filter, "r = Filter(lines, \"1234\")")
 
 void append(benchmark::State& state, const char* statement) {
     BenchEngine engine;
-    const SCL_Pointer<MacroSource> source(new BenchSource(
+    const SCL_Pointer<MacroSource> source(new MemorySource(
         std::string("s = \"\"\nc = \"x\"\nFor i = 1 To 1000000\n") + statement + "\nNext\n"));
     for (auto _ : state)
         engine.Run(source);
