@@ -70,8 +70,10 @@ TEST_F(WScriptTest, ArgumentsAreThePartsOfTheCommandLine) {
     const char* const wrong = "Error: Incorrect function argument(s)";
     for (const char* use :
          {"WScript.Arguments(9999)", "WScript.Arguments(-1)", "WScript.Arguments(0, 1)",
-          "WScript.Arguments.count(1)", "WScript.Arguments.Length"})
+          "WScript.Arguments.count(1)", "WScript.Arguments.Length"}) {
         EXPECT_EQ(run(std::string("Result.Title = ") + use), wrong) << use;
+        EXPECT_EQ(MacroSupport::GetProcessor()->GetLastErrorCode(), 34) << use;
+    }
 }
 
 TEST_F(WScriptTest, RunsScriptsBesideTheMacroAndAlongThePath) {
