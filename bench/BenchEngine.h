@@ -24,6 +24,7 @@ public:
     void Run(const SCL_Pointer<MacroSource>& source) {
         m_Macro->Execute(source, SYS_String(), nullptr, 0);
     }
+    UI_Macro& GetMacro() { return *m_Macro; }
     MacroParser& GetParser() { return static_cast<MacroParser&>(*MacroSupport::GetProcessor()); }
 
 private:

@@ -112,8 +112,10 @@ def whole_programs(table, mcr, wanted):
     table.heading("whole program, ms",
                   list(languages) + ["mcr/Lua", "mcr/Python", "mcr/yabasic"])
     for name in names:
-        commands = {language: command + [os.path.join(folder, name + suffix)]
-                    for language, (command, suffix) in languages.items()}
+        paths = {language: os.path.join(folder, name + suffix)
+                 for language, (_, suffix) in languages.items()}
+        commands = {language: languages[language][0] + [path]
+                    for language, path in paths.items() if os.path.exists(path)}
         try:
             run(commands["mcr"])
         except Failed as reason:
@@ -134,8 +136,11 @@ def whole_programs(table, mcr, wanted):
             table.fail(name, f"the outputs differ: {outputs}")
             continue
         middle = {language: statistics.median(values) for language, values in times.items()}
-        ratios = [f"{middle['mcr'] / middle[other]:.2f}" for other in languages if other != "mcr"]
-        table.row(name, [f"{middle[language] * 1000:.1f}" for language in languages] + ratios)
+        milliseconds = [f"{middle[language] * 1000:.1f}" if language in middle else "-"
+                        for language in languages]
+        ratios = [f"{middle['mcr'] / middle[other]:.2f}" if other in middle else "-"
+                  for other in languages if other != "mcr"]
+        table.row(name, milliseconds + ratios)
 
 
 def write_file(path, text):

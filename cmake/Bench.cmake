@@ -7,6 +7,6 @@ if(TARGET kel_mcr AND benchmark_FOUND)
         add_executable(kel_mcr_bench ${BENCH_SOURCES})
         target_include_directories(kel_mcr_bench PRIVATE ${PROJECT_SOURCE_DIR}/tests)
         target_link_libraries(kel_mcr_bench PRIVATE
-            kel_mcr::kel_mcr benchmark::benchmark_main kel_mcr_flags)
+            kel_mcr::kel_mcr kel_mcr_scripting benchmark::benchmark_main kel_mcr_flags)
     endif()
 endif()

@@ -5,7 +5,9 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 if(TARGET kel_mcr)
-    install(TARGETS kel_mcr EXPORT kel_mcr)
+    install(TARGETS kel_mcr kel_mcr_scripting EXPORT kel_mcr)
+    install(FILES ${PROJECT_SOURCE_DIR}/hosts/scripting/Scripting.h
+            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kel_mcr)
     foreach(folder IN ITEMS inc core scc platform macroengine)
         file(GLOB headers CONFIGURE_DEPENDS ${ENGINE_DIR}/${folder}/*.h)
         install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kel_mcr)

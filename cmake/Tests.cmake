@@ -1,6 +1,7 @@
 # One program with all tests, one entry in ctest for each of its suites, and the example hosts.
 
 find_package(GTest REQUIRED)
+find_package(nlohmann_json REQUIRED)
 
 configure_file(${CMAKE_CURRENT_LIST_DIR}/TestPaths.h.in ${GENERATED_DIR}/TestPaths.h @ONLY)
 
@@ -20,8 +21,10 @@ if(TARGET kel_mcr)
         add_executable(kel_mcr_tests ${TEST_SOURCES})
         target_include_directories(kel_mcr_tests PRIVATE
             ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests ${GENERATED_DIR})
-        target_link_libraries(kel_mcr_tests PRIVATE kel_mcr::kel_mcr GTest::gtest kel_mcr_flags)
-        foreach(program IN LISTS EXAMPLES ITEMS mcr)
+        target_link_libraries(kel_mcr_tests PRIVATE
+            kel_mcr::kel_mcr kel_mcr_scripting GTest::gtest nlohmann_json::nlohmann_json
+            kel_mcr_flags)
+        foreach(program IN LISTS EXAMPLES ITEMS mcr sketch)
             if(TARGET ${program})
                 add_dependencies(kel_mcr_tests ${program})
             endif()

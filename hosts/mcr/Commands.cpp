@@ -6,7 +6,6 @@
 #include "Session.h"
 #include "Watch.h"
 
-#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -53,38 +52,16 @@ int RunMacro(const RunOptions& options) {
     });
 }
 
-int CheckMacros(const std::vector<std::string>& files) {
-    int worst = ExitDone;
-    for (const std::string& file : files) {
-        Session session; // each file on its own: no names are left over from another
-        int code = ExitUsage;
-        if (const SCL_Pointer<MacroSource> source = session.OpenSource(file)) {
-            code = session.Guard(*source, [&] {
-                parse(session, source);
-                return ExitDone;
-            });
-        }
-        worst = std::max(worst, code);
-    }
-    return worst;
-}
-
-// The expression is assigned to a variable by a macro of one line; the variables of the module
-// level stay readable when the run is over.
+// In parentheses it can be nothing but an expression: `Len(a) = 1` compares.
 int EvaluateExpression(const std::string& expression, double timeout) {
-    constexpr const char* kResult = "mcrResult";
-
     Session session;
-    SYS_String text(kResult);
-    text += " = (";
-    text.Append(expression);
-    text += ")";
+    const SYS_String text("(" + expression + ")");
     const SCL_Pointer<MacroSource> source(new TextSource(text, "<expression>", session.GetTrace()));
     const Watch watch(timeout);
     return session.Guard(*source, [&]() -> int {
-        session.GetMacro().Execute(source, SYS_String(), nullptr, 0);
-        if (const UI_MacroVariant* value = session.GetParser().LookupVar(SYS_StrNoCase(kResult)))
-            writeTextLine(static_cast<SYS_String>(*value));
+        const UI_MacroVariant value = session.GetMacro().Eval(source, true);
+        if (Watch::GetReason() == Watch::Running)
+            writeTextLine(static_cast<SYS_String>(value));
         return ExitDone;
     });
 }

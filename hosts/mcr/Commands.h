@@ -13,6 +13,7 @@ struct RunOptions {
 };
 
 int RunMacro(const RunOptions& options);
-int CheckMacros(const std::vector<std::string>& files);
 int EvaluateExpression(const std::string& expression, double timeout);
 int PrintTree(const std::string& file);
+/// Reads the debugger's commands from standard input.
+int DebugMacro(const std::string& file);

@@ -27,6 +27,8 @@ struct FreeBuffer {
 
 } // namespace
 
+bool Console::s_LineIsOpen = false;
+
 Console::Console() : MacroEval("Console") {}
 
 cMacroAppClass* Console::GetMacroClass() {
@@ -53,6 +55,12 @@ UI_MacroVariant Console::Evaluate(const char* name, UI_MacroVariant* args, int a
 
 bool Console::Flush() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }
 
+void Console::StartLine() {
+    if (s_LineIsOpen)
+        std::fputc('\n', stdout);
+    s_LineIsOpen = false;
+}
+
 // All arguments are converted before the first is written: a value that cannot be converted
 // leaves no half a line behind.
 UI_MacroVariant Console::write(int argc, UI_MacroVariant* args) {
@@ -60,17 +68,21 @@ UI_MacroVariant Console::write(int argc, UI_MacroVariant* args) {
     for (int i = 0; i < argc; ++i)
         text += static_cast<SYS_String>(args[i]);
     std::fwrite(text.c_str(), 1, static_cast<size_t>(text.GetLength()), stdout);
+    if (!text.IsEmpty())
+        s_LineIsOpen = text.View().back() != '\n';
     return UI_MacroVariant();
 }
 
 UI_MacroVariant Console::writeLine(int argc, UI_MacroVariant* args) {
     write(argc, args);
     std::fputc('\n', stdout);
+    s_LineIsOpen = false;
     return UI_MacroVariant();
 }
 
 UI_MacroVariant Console::readLine(int, UI_MacroVariant*) {
     Flush(); // a question must be seen before its answer is awaited
+    s_LineIsOpen = s_LineIsOpen && !isatty(STDIN_FILENO); // the answer's own line end is seen
 
     char* buffer = nullptr;
     size_t capacity = 0;

@@ -17,10 +17,14 @@ public:
     /// Writes out what is buffered. False if standard output did not take all of it, now or
     /// earlier.
     static bool Flush();
+    /// Ends the line if macros have left one open, for others who write to standard output.
+    static void StartLine();
 
 private:
     UI_MacroVariant write(int argc, UI_MacroVariant* args);
     UI_MacroVariant writeLine(int argc, UI_MacroVariant* args);
     UI_MacroVariant readLine(int argc, UI_MacroVariant* args);
     UI_MacroVariant width(int argc, UI_MacroVariant* args);
+
+    static bool s_LineIsOpen;
 };

@@ -1,8 +1,10 @@
 #include "Session.h"
 
 #include <SYS_Exception.h>
+#include <Scripting.h>
 
 #include "HostSource.h"
+#include "MacroText.h"
 #include "MessageBox.h"
 #include "Watch.h"
 
@@ -12,14 +14,6 @@
 #include <filesystem>
 
 namespace {
-
-SYS_String readStandardInput() {
-    SYS_String text;
-    char buffer[65536];
-    while (const size_t count = std::fread(buffer, 1, sizeof buffer, stdin))
-        text.Append(buffer, count);
-    return text;
-}
 
 std::string place(const SYS_String& file, int line) {
     return std::string(file.View()) + ":" + std::to_string(line + 1) + ": ";
@@ -38,6 +32,7 @@ Session::Session() {
     hooks.messageBox = &ShowMessageBox;
     MacroSupport::SetHostHooks(hooks);
     m_Macro.Register(m_Console, nullptr);
+    scripting::Register();
 }
 
 Session::~Session() { MacroSupport::SetHostHooks(MacroHostHooks()); }
@@ -56,8 +51,10 @@ void Session::onStatement(long) {
 }
 
 SCL_Pointer<MacroSource> Session::OpenSource(const std::string& path) {
-    if (path == "-")
-        return new TextSource(readStandardInput(), "-", m_Trace);
+    if (path == "-") {
+        SYS_String text;
+        return ReadMacroText(path, text) ? new TextSource(text, "-", m_Trace) : nullptr;
+    }
 
     std::error_code error;
     if (std::filesystem::is_directory(path, error)) {
@@ -89,8 +86,10 @@ int Session::Guard(MacroSource& source, const std::function<int()>& work) {
         return code;
     } catch (const MacroException& error) {
         const SYS_String& path = error.GetFilePath();
-        return reportError(path.IsEmpty() ? source.GetFileName() : path, error.GetPosition(),
-                           std::string(error.GetText().View()));
+        std::string text(error.GetText().View());
+        if (!error.GetDetail().IsEmpty())
+            text += "\n  " + std::string(error.GetDetail().View());
+        return reportError(path.IsEmpty() ? source.GetFileName() : path, error.GetPosition(), text);
     } catch (const SYS_Exception& error) {
         WriteError("mcr: " + std::string(error.GetText()) + "\n");
     } catch (const std::exception& error) {

@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "Console.h"
+#include "EditorCommands.h"
 #include "Session.h"
 
 #include <CLI/CLI.hpp>
@@ -21,7 +22,7 @@ public:
     Words(int argc, char** argv) {
         m_End = 2;
         const std::string command = argc > 1 ? argv[1] : "";
-        const bool takesWords = command == "run" || command == "eval";
+        const bool takesWords = command == "run" || command == "eval" || command == "debug";
         while (m_End < argc && !(takesWords && std::string(argv[m_End]) == "--"))
             ++m_End;
         m_End = std::min(m_End, argc);
@@ -72,10 +73,6 @@ int runCommandLine(int argc, char** argv) {
     run->prefix_command();
     run->footer("What follows FILE and the options goes to the macro: [ARG...]");
 
-    std::vector<std::string> files;
-    CLI::App* check = app.add_subcommand("check", "Parse macros without running them");
-    check->add_option("FILE", files, "Macro files")->required();
-
     CLI::App* eval = app.add_subcommand("eval", "Print the value of an expression: mcr eval EXPR");
     addTimeout(*eval, options.timeout);
     // Taken from what remains, because it may begin with a minus.
@@ -84,6 +81,13 @@ int runCommandLine(int argc, char** argv) {
     std::string file;
     CLI::App* tree = app.add_subcommand("tree", "Print the parse tree, one node a line");
     tree->add_option("FILE", file, "Macro file; - is standard input")->required();
+
+    CLI::App* debug = app.add_subcommand("debug", "Run a macro step by step: help shows how");
+    debug->add_option("FILE", file, "Macro file")->required();
+    debug->prefix_command();
+    debug->footer("What follows FILE goes to the macro: [ARG...]");
+
+    const EditorCommands editorCommands(app);
 
     try {
         app.parse(words.GetOptionCount(), argv);
@@ -95,8 +99,6 @@ int runCommandLine(int argc, char** argv) {
         options.arguments = words.Of(*run);
         return RunMacro(options);
     }
-    if (*check)
-        return CheckMacros(files);
     if (*eval) {
         const std::vector<std::string> expression = words.Of(*eval);
         if (expression.size() == 1)
@@ -104,7 +106,11 @@ int runCommandLine(int argc, char** argv) {
         WriteError("mcr: eval takes one expression\n");
         return ExitUsage;
     }
-    return PrintTree(file);
+    if (*debug)
+        return DebugMacro(file);
+    if (*tree)
+        return PrintTree(file);
+    return editorCommands.Run().value_or(ExitUsage);
 }
 
 } // namespace

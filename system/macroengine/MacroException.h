@@ -33,6 +33,9 @@ public:
     /// Appends ": " and the parameter, also an empty one.
     void AddParam(const SYS_String& param);
     const SYS_String& GetText() const { return m_Text; }
+    /// What an automation object said of its failure, after its name; mostly empty.
+    const SYS_String& GetDetail() const { return m_Detail; }
+    void SetDetail(const SYS_String& detail) { m_Detail = detail; }
     const SYS_String& GetFilePath() const { return m_FilePath; }
     int GetPosition() const { return m_Position; }
     MacroSource* GetSource() const;
@@ -40,6 +43,7 @@ public:
 private:
     SCL_Pointer<MacroSource> m_Source;
     SYS_String m_Text;
+    SYS_String m_Detail;
     SYS_String m_FilePath;
     int m_Position;
 };

@@ -3,6 +3,8 @@
 #include <MacroException.h>
 #include <SCL_Path.h>
 
+#include <cstring>
+
 namespace {
 
 constexpr __int64 kMaxTextBytes = 0x3FFFFFFF;
@@ -131,12 +133,15 @@ MacroOutputFile::MacroOutputFile(char const* name) {
 MacroOutputFile::~MacroOutputFile() = default;
 
 int MacroOutputFile::Record(char const* text) {
-    if (!m_File.IsOpen() || !m_File.Seek(m_WriteOffset))
-        return 0;
-    if (!m_File.WriteLine(text))
+    if (!m_File.IsOpen() || !m_File.Seek(m_WriteOffset) || !writeNow(text))
         return 0;
     m_WriteOffset = static_cast<long>(m_File.GetPosition());
     return 1;
+}
+
+bool MacroOutputFile::writeNow(char const* text) {
+    return m_File.Write(text, text ? std::strlen(text) : 0) && m_File.Write("\n", 1) &&
+           m_File.Flush();
 }
 
 // --- MacroFileNameStorage ----------------------------------------------------------------------
@@ -152,3 +157,8 @@ void MacroFileNameStorage::OnFileNameSetUp(char const* name) {
 }
 
 void MacroFileNameStorage::OnFileNameCanceled() { m_Event.Raise(0, SYS_String()); }
+
+void MacroFileNameStorage::Unsubscribe(SCC_EventNode<SYS_String>& node) {
+    if (node.GetRoot() == &m_Event)
+        node.Remove();
+}

@@ -95,14 +95,16 @@ private:
     bool m_Failed = false;
 };
 
-/// Takes recorded lines.
+/// Takes recorded lines. Counted like a source.
 class KEL_MCR_API MacroOutput : public tRefCounted<iRefCounted> {
 public:
     MacroOutput() = default;
     ~MacroOutput() override;
 
+    /// Back to the start: the next line is written over the first.
     virtual void Reset();
-    /// Writes one piece of text; 0 if that failed.
+    /// Writes one line, which comes without its end; 0 if that failed. The recording goes on
+    /// either way. May start and stop recordings itself.
     virtual int Record(char const* text) = 0;
 
 protected:
@@ -121,7 +123,7 @@ public:
     /// Tells the subscribers the empty name; the stored one stays.
     void OnFileNameCanceled();
     void Subscribe(SCC_EventNode<SYS_String>& node) { m_Event.AddTail(node); }
-    void Unsubscribe(SCC_EventNode<SYS_String>& node) { node.Remove(); }
+    void Unsubscribe(SCC_EventNode<SYS_String>& node);
 
 private:
     MacroFileNameStorage() = default;
@@ -133,12 +135,18 @@ private:
 /// Recorded lines in a file.
 class KEL_MCR_API MacroOutputFile : public MacroOutput {
 public:
-    /// Opens the file for writing; null makes an output without one.
+    /// Opens the file for writing; null makes an output without one. A file that cannot be opened
+    /// takes no lines.
     explicit MacroOutputFile(char const* name);
     ~MacroOutputFile() override;
 
+    /// The line is in the file when this returns 1. What a failed write has left there is written
+    /// over by the next line.
     int Record(char const* text) override;
 
-private:
+protected:
+    /// Writes the line at the place where the file stands, and out of the buffer.
+    bool writeNow(char const* text);
+
     SFM_File m_File;
 };

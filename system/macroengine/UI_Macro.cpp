@@ -12,7 +12,10 @@
 
 #include "engine/ErrorTexts.h"
 #include "engine/Frames.h"
+#include "interpreter/ContextSwaper.h"
 #include "interpreter/RunGuard.h"
+#include "language/EditorTokenizer.h"
+#include "recording/LogRecorder.h"
 
 namespace {
 
@@ -25,6 +28,7 @@ int s_Started = 0;
 void MacroEngineDllInitialize() {
     if (s_Started++ == 0)
         RegisterMacroErrorTexts();
+    LogRecorder::Instance();
 }
 
 void MacroEngineDllTerminate() {
@@ -40,6 +44,11 @@ const void* GetLocalResourceHandle_MacroEngine() {
 const void* GetOrigModuleState_MacroEngine() { return nullptr; }
 
 // --- UI_MacroImpl ------------------------------------------------------------------------------
+
+UI_MacroImpl::UI_MacroImpl(bool nested)
+    : MacroParser(nested), m_Tokenizer(std::make_unique<EditorTokenizer>()) {}
+
+UI_MacroImpl::~UI_MacroImpl() = default;
 
 int UI_MacroImpl::InRecordMode() const {
     MacroSupport* parent = GetParentProcessor();
@@ -71,9 +80,10 @@ UI_MacroVariant UI_MacroImpl::ExecuteMacro(const SYS_String& file, const SYS_Str
 
 UI_Macro::UI_Macro(bool nested) : m_Nested(nested) {}
 
-UI_Macro::UI_Macro(UI_Macro const& other) : m_Nested(other.m_Nested) {}
+UI_Macro::UI_Macro(UI_Macro const& other) : UI_Tokenizer(other), m_Nested(other.m_Nested) {}
 
 UI_Macro& UI_Macro::operator=(UI_Macro const& other) {
+    UI_Tokenizer::operator=(other);
     m_Nested = other.m_Nested;
     return *this;
 }
@@ -93,8 +103,10 @@ UI_Macro::~UI_Macro() {
 }
 
 UI_MacroImpl& UI_Macro::impl() {
-    if (!m_Impl)
+    if (!m_Impl) {
+        LogRecorder::Instance(); // comes before every processor
         m_Impl = new UI_MacroImpl(m_Nested);
+    }
     return *m_Impl;
 }
 
@@ -215,6 +227,16 @@ UI_MacroVariant UI_Macro::ExecuteMacroString(SYS_String const& text) {
     return result;
 }
 
+UI_MacroVariant UI_Macro::Eval(MacroSource* source, bool sideEffects) {
+    const SCL_Pointer<MacroSource> keep(source);
+    auto* outer = dynamic_cast<MacroParser*>(MacroSupport::GetProcessor());
+    if (!SCL_ASSERT(outer, "UI_Macro::Eval: there is no current processor") || !outer)
+        return UI_MacroVariant();
+    const EntryGuard entry(*outer); // it outlives the evaluation, and a stop waits for its end
+    const cMacroContextSwaper swapped(*outer, source);
+    return outer->Eval(sideEffects);
+}
+
 void UI_Macro::Stop() {
     SCL_ASSERT(m_Impl, "UI_Macro::Stop: nothing has been started");
     if (m_Impl)
@@ -280,6 +302,16 @@ int UI_Macro::GetRelativeMode() {
     return processor ? processor->GetRelativeMode() : 0;
 }
 
+int UI_Macro::SetBMWLogFile(char const* path, int append) {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->SetBMWLogFile(path, append) : 0;
+}
+
+int UI_Macro::InBMWLoggingMode() {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->InBMWLoggingMode() : 0;
+}
+
 UI_Macro::PlaybackResultCode UI_Macro::ContinuePlayback(char const* name) {
     MacroSupport* processor = MacroSupport::GetProcessor();
     if (!processor)
@@ -317,6 +349,45 @@ SCC_Array<SYS_String> UI_Macro::GetFunctionDescriptions() {
     return descriptions;
 }
 
+// --- Editors ------------------------------------------------------------------------------------
+
+void UI_Macro::SetInputString(const char* text) {
+    UI_Tokenizer::SetInputString(text);
+    impl().GetTokenizer().Begin();
+}
+
+int UI_Macro::GetNextToken(CStringA& piece) {
+    const EditorPiece next = impl().GetTokenizer().Next(m_Cursor);
+    setPiece(next.text.data(), next.text.size());
+    piece = CStringA(next.text);
+    if (next.lacksQuote)
+        piece += '"';
+    return next.kind;
+}
+
+int UI_Macro::GetFgColor(int pieceClass) {
+    impl();
+    return pieceClass == pcKeyword ? 0xFF0000 : UI_Tokenizer::GetFgColor(pieceClass);
+}
+
+int UI_Macro::CheckMacroFile(SYS_String const& path, int* errorLine) {
+    UI_MacroImpl& engine = impl();
+    refuseReentry(engine);
+    return engine.CheckMacroFile(path, errorLine);
+}
+
+MacroReport UI_Macro::InspectMacroFile(SYS_String const& path) {
+    UI_MacroImpl& engine = impl();
+    refuseReentry(engine);
+    return engine.InspectMacroFile(path);
+}
+
+MacroReport UI_Macro::InspectMacroText(SYS_String const& text, SYS_String const& name) {
+    UI_MacroImpl& engine = impl();
+    refuseReentry(engine);
+    return engine.InspectMacroText(text, name);
+}
+
 // --- Frames ------------------------------------------------------------------------------------
 
 int UI_Macro::GetFramesCount() {
@@ -346,4 +417,19 @@ int UI_Macro::GetPosition(int frame) {
 MacroSource* UI_Macro::GetSource(int frame) {
     const ExecutionContext* context = frameOf(frame);
     return context ? context->m_Source.Get() : nullptr;
+}
+
+SCL_Vector<MacroVariableInfo> UI_Macro::GetVariables(int frame) {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor ? processor->ListVariables(frame) : SCL_Vector<MacroVariableInfo>();
+}
+
+bool UI_Macro::GetVariable(int frame, SYS_String const& name, UI_MacroVariant& value) {
+    const MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor && processor->ReadVariable(frame, name, value);
+}
+
+bool UI_Macro::SetVariable(int frame, SYS_String const& name, UI_MacroVariant const& value) {
+    MacroSupport* processor = MacroSupport::GetProcessor();
+    return processor && processor->WriteVariable(frame, name, value);
 }

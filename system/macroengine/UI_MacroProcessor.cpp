@@ -14,6 +14,8 @@
 #include "language/Scanner.h"
 #include "objects/UI_MacroErr.h"
 #include "objects/UI_MacroWScript.h"
+#include "recording/LogRecorder.h"
+#include "recording/MacroLogFile.h"
 #include "runtime/FileTable.h"
 
 MacroSupport* MacroSupport::s_Processor = nullptr;
@@ -76,7 +78,11 @@ MacroSupport::~MacroSupport() {
     m_ContextStack->Clear();
 }
 
-void MacroSupport::SetProcessor(MacroSupport* processor) { s_Processor = processor; }
+void MacroSupport::SetProcessor(MacroSupport* processor) {
+    if (SCL_ASSERT(!processor || processor != &LogRecorder::Instance(),
+                   "MacroSupport::SetProcessor: the log recorder runs no macros"))
+        s_Processor = processor;
+}
 
 namespace {
 
@@ -190,6 +196,8 @@ void MacroSupport::SetOutput(MacroOutput* output) { m_Output = output; }
 void MacroSupport::SetExecutionMode(ExecutionMode mode) {
     if (m_StopPending)
         return; // nothing lifts a run out of its stop
+    if (m_Evaluating && mode != emStopped && mode != emFinished)
+        return; // an evaluation is not paused or stepped, and runs in its own mode
     const ExecutionMode old = m_ExecutionMode;
     m_ExecutionMode = mode;
     if (mode != emPaused || old == mode)
@@ -362,6 +370,7 @@ void MacroSupport::ClearLastError() {
     m_LastErrorCode = errMessage;
     m_LastErrorLine = 0;
     m_LastErrorText.Clear();
+    m_FailingOffset = -1;
 }
 
 // --- Frames ------------------------------------------------------------------------------------

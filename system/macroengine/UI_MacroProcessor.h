@@ -4,6 +4,7 @@
 // `MacroParser` parses and runs. The processor is itself the root object of the names.
 
 #include <MacroException.h>
+#include <MacroInspection.h>
 #include <MacroSource.h>
 #include <SCC_Event.h>
 #include <SCC_Map.h>
@@ -17,6 +18,7 @@
 #include <functional>
 #include <memory>
 
+class EvaluationGuard;
 class FileTable;
 class FrameStack;
 class MacroScanner;
@@ -50,6 +52,8 @@ struct MacroHostHooks {
     std::function<SYS_String(const char* name)> defaultPath;
     std::function<SYS_String()> applicationName;
     std::function<void(const char* text)> debugOutput;
+    /// The library whose constants macros know by name, asked for each name that is no object and
+    /// no built-in function. The host keeps it alive.
     std::function<ITypeLib*()> typeLib;
 };
 
@@ -108,6 +112,7 @@ public:
         const char* name;
         MacroFunctionHandler handler;
     };
+    class MacroLogFile;
 
     /// `nested` makes this the current processor, with the previous one as its parent.
     explicit MacroSupport(bool nested);
@@ -119,6 +124,7 @@ public:
 
     // The current processor.
     static MacroSupport* GetProcessor() { return s_Processor; }
+    /// Refuses the log recorder, by assertion.
     static void SetProcessor(MacroSupport* processor);
     static MacroSupport* s_Processor;
     static bool s_bWaiting; ///< a flag for the host; the engine does not use it
@@ -176,6 +182,11 @@ public:
     /// Runs a file (empty: the source in use), or one procedure of it. Raises: any.
     virtual UI_MacroVariant ExecuteMacro(const SYS_String& file, const SYS_String& function,
                                          UI_MacroVariant* args, int argc);
+    /// Evaluates the source in use, an expression or statements, with the frames as they are; the
+    /// value of an expression or a call, else Empty. Without side effects assignments and calls of
+    /// the macro's procedures are refused. The tree is replaced: `UI_Macro::Eval` puts the running
+    /// macro's aside first. Raises: any. Re-enters: any.
+    virtual UI_MacroVariant Eval(bool sideEffects);
     virtual MacroPlaybackResult PlayBack(int resume, MacroSource* source, char const* name);
     virtual MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) = 0;
     virtual UI_MacroVariant Call(const SYS_String& function, UI_MacroVariant* args, int argc) = 0;
@@ -197,6 +208,7 @@ public:
     int GetLastErrorCode() const { return m_LastErrorCode; }
     long GetLastErrorLine() const { return m_LastErrorLine; }
     const SYS_String& GetLastErrorText() const { return m_LastErrorText; }
+    void ClearLastError();
 
     // Frames. 0 is the innermost; the numbers run on through the parents.
     int GetFramesCount() const;
@@ -204,19 +216,56 @@ public:
     FrameStack& GetFrames() const { return *m_ContextStack; }
     MacroSupport* GetParentProcessor() const { return m_Parent; }
 
-    // Recording.
+    // Variables of a frame, for a debugger; frames are numbered as above.
+    /// All that the frame holds, in the order they were made; the names that every module has
+    /// (`Nothing`, `Empty`, `Null`) are left out. Raises: never.
+    SCL_Vector<MacroVariableInfo> ListVariables(int frame) const;
+    /// Copies the value of a variable of that frame, else of the module below it; false if there
+    /// is none. An object comes as a Reference to it. Raises: never.
+    bool ReadVariable(int frame, const SYS_String& name, UI_MacroVariant& value) const;
+    /// Assigns to such a variable as the macro would: an object is bound, everything else is
+    /// copied. False, with nothing done, for an unknown name or a constant. Raises: what the
+    /// assignment raises. Re-enters: host objects.
+    bool WriteVariable(int frame, const SYS_String& name, const UI_MacroVariant& value);
+
+    // Recording. A line that a command of the host reports goes to the outputs and logs of all
+    // processors. Re-enters: outputs of the host.
+    /// Reports a line, without its end. The id is that of its gesture, 0 for none.
     static void Record(char const* text, int id, int unused);
     using MacroEval::Record;
+    /// A new id for the lines of one gesture, such as a drag. The first is 2.
     int GetCompressID() { return ++m_CompressID; }
+    /// While on, only the first and the last line of each gesture are written, the last when a
+    /// line with another id comes. A gesture of a single line is written twice.
     void SetCompressionMode(bool on) { m_CompressionMode = on; }
-    bool GetCompressionMode() const { return m_CompressionMode; }
+    virtual bool GetCompressionMode() const { return m_CompressionMode; }
+    /// Kept for the host's own recording code: whether it writes coordinates as distances.
     void SetRelativeMode(bool on) { m_RelativeMode = on; }
     bool GetRelativeMode() const { return m_RelativeMode; }
+    /// Records the line that opens the block of a modal dialog. What is recorded until the
+    /// matching PopModalContext belongs into the block; its lines begin with the indent below.
     void PushModalContext(char const* name);
+    /// Records the line that closes the innermost block; nothing without an open one.
     void PopModalContext();
+    /// The name of the innermost open dialog; "" without one.
     SYS_String GetModalContext() const;
+    /// Two blanks for each open dialog.
     SYS_String GetModalContextIndent() const;
     int GetModalContextLevel() const;
+
+    // Logs of recorded lines, which need no recording.
+    /// Opens the log of the program run if the switch "log" is on the command line: the file that
+    /// the switch names, completed from the application's name, ".log" and its folder "Logs". The
+    /// log of the run before becomes ".bak". One log serves all processors, to the end of the
+    /// program; a second call does nothing. Without a log that can be opened there is none.
+    void InitBackgroundMode();
+    /// Whether this processor writes that log: only the log recorder does.
+    virtual bool InBackgroundMode() const;
+    /// Opens a log of what is recorded while this processor runs no macro: each line at once,
+    /// uncompressed. Gives 1, or 0 if the file cannot be opened (an assertion). With a log open
+    /// another path is an assertion and changes nothing; null closes the log.
+    int SetBMWLogFile(char const* path, int append);
+    int InBMWLoggingMode() const;
 
     // Files by number. A number that was never opened is a closed file; printing to it, reading
     // from it and closing it do nothing.
@@ -270,7 +319,7 @@ public:
     bool IsParsing() const { return m_Parsing; }
     MacroScanner& GetScanner() { return *m_Scanner; }
     bool IsInEvaluation() const {
-        return m_ExecutionMode == emEval || m_ExecutionMode == emEvalPure;
+        return m_Evaluating || m_ExecutionMode == emEval || m_ExecutionMode == emEvalPure;
     }
     ParserTree::Step& Current() { return m_Current; }
     /// Whether an entry of this processor is on the native stack: a run, a parse, or the way there.
@@ -284,15 +333,18 @@ protected:
     friend class ParserTree;
     friend class EntryGuard;
     friend class RunGuard;
+    friend class EvaluationGuard;
+    friend class cMacroContextSwaper;
     friend class UI_Macro;
 
     static SCC_SharedPointer<Map> InitFunctionsMap();
     static Map* functionsMap();
 
     void OnRecord(int id, char const* text);
+    /// Where the lines go beside the output of a recording; null for nowhere.
+    virtual MacroOutput* backgroundLog() { return nullptr; }
     [[noreturn]] void raise(MacroException& error, int code, long line);
     long errorLine() const;
-    void ClearLastError();
     void finishStop();
     static void callStatementHook(long line);
     /// False if the host has none.
@@ -303,6 +355,10 @@ protected:
     static SCC_Event<char const*>& RecordEvent();
     UI_MacroVariant* lookUpEntry(const MacroName* name) const;
     UI_MacroVariantParam* findVariable(const MacroName* name, unsigned& place) const;
+    UI_MacroVariantParam* findVariableOf(int frame, const SYS_String& name) const;
+    bool readEvaluation(ExecutionMode mode, EvaluationGuard& guard);
+    bool parseEvaluation(ExecutionMode mode, bool asExpression, EvaluationGuard& guard);
+    bool isCallFirst() const;
     virtual bool hasUnits() const = 0;
     virtual void endCall(bool failed) = 0;
 
@@ -326,13 +382,16 @@ protected:
     int m_ReturnCode = 0;
     int m_Entries = 0;
     bool m_StopPending = false;
-    bool m_Abandoned = false;    // the owner has gone: deleted by the outermost entry
-    ParserTree::Step m_PausedAt; // the step at which the last pause happened
+    bool m_Evaluating = false;       // an evaluation is on the native stack
+    bool m_EvaluationStarts = false; // the next run is the evaluated text
+    bool m_Abandoned = false;        // the owner has gone: deleted by the outermost entry
+    ParserTree::Step m_PausedAt;     // the step at which the last pause happened
     std::unique_ptr<FileTable> m_Files;
 
     // Recording.
     SCC_ObjectEventHook<MacroSupport, char const*> m_RecordHook;
     SCL_Pointer<MacroOutput> m_Output;
+    std::unique_ptr<MacroLogFile> m_BMWLog; // null while there is none
     SCC_Stack<SYS_String> m_ModalContexts;
     SYS_String m_LastRecorded;
     int m_LastCompressID = 0;
@@ -344,6 +403,8 @@ protected:
     int m_LastErrorCode = 1;
     long m_LastErrorLine = 0;
     SYS_String m_LastErrorText;
+    long m_FailingOffset = -1; // of the token at which a parse failed, in its text; -1 none
+    bool m_CheckMode = false;  // a parse for its own sake: the tree of a failed one stays
 
     bool m_Nested;
     SCC_SafePointer<MacroSupport> m_Parent;
@@ -396,6 +457,7 @@ public:
 protected:
     friend class ParserTree;
     friend class RunGuard;
+    friend class cMacroContextSwaper;
     friend class UI_Macro;
 
     /// Parses the next text of the source, and all further lines of one that gives lines; false

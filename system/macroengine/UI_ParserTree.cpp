@@ -120,7 +120,7 @@ ParserTree::Node* ParserTree::Node::FindEnclosing(Kind kind) {
 
 // --- Tree ------------------------------------------------------------------------------------
 
-ParserTree::ParserTree(MacroParser& processor) : m_Processor(processor) {}
+ParserTree::ParserTree(MacroParser& processor) : m_Processor(&processor) {}
 
 ParserTree::~ParserTree() { freeUnits(); }
 
@@ -134,8 +134,8 @@ void ParserTree::freeUnits() {
 }
 
 void ParserTree::Clear() {
-    m_Processor.m_Current = {nullptr, false};
-    m_Processor.m_CurrentFunction = nullptr;
+    m_Processor->m_Current = {nullptr, false};
+    m_Processor->m_CurrentFunction = nullptr;
     freeUnits();
     m_Script = nullptr;
     m_Parent = nullptr;
@@ -217,7 +217,7 @@ void ParserTree::freeUnit(ScriptUnit* unit) {
     delete unit;
 }
 
-void ParserTree::place(Node* node) { GetOrCreatePosition(node, m_Processor.GetParsePosition()); }
+void ParserTree::place(Node* node) { GetOrCreatePosition(node, m_Processor->GetParsePosition()); }
 
 ParserTree::Position* ParserTree::GetOrCreatePosition(Node* node, long line) {
     if (!SCL_ASSERT(line >= 0, "ParserTree::GetOrCreatePosition: negative line"))
@@ -269,9 +269,9 @@ void ParserTree::RemoveUnit(ScriptUnit* unit) {
 
 void ParserTree::SetCurrentUnit(ScriptUnit* unit) {
     m_Script = unit;
-    m_Processor.m_Source = unit->source;
-    m_Processor.m_Options.explicitDeclarations = unit->m_Explicit;
-    SCL_ASSERT(unit->source.Get() == m_Processor.GetSource(),
+    m_Processor->m_Source = unit->source;
+    m_Processor->m_Options.explicitDeclarations = unit->m_Explicit;
+    SCL_ASSERT(unit->source.Get() == m_Processor->GetSource(),
                "ParserTree::SetCurrentUnit: the unit has another source");
 }
 
@@ -286,7 +286,7 @@ void ParserTree::CloseBlock() {
     SCL_ASSERT(block && block->m_Parent, "ParserTree::CloseBlock: no block is open");
     if (!block || !block->m_Parent)
         return;
-    Position* closing = GetOrCreatePosition(nullptr, m_Processor.GetParsePosition());
+    Position* closing = GetOrCreatePosition(nullptr, m_Processor->GetParsePosition());
     Position* opening = block->m_Position;
     if (!closing) {
         m_Parent = block->m_Parent;
@@ -304,13 +304,13 @@ void ParserTree::FinishParse() {
     m_Parent = nullptr;
     SCL_ASSERT(!m_Function, "ParserTree::FinishParse: a procedure is still open");
     m_Function = nullptr;
-    m_Script->m_Explicit = m_Processor.m_Options.explicitDeclarations;
+    m_Script->m_Explicit = m_Processor->m_Options.explicitDeclarations;
 }
 
 void ParserTree::BeginUpdate() {
-    m_Processor.m_Current = {nullptr, false};
-    m_Processor.m_Functions.RemoveAll();
-    m_Processor.m_CurrentFunction = nullptr;
+    m_Processor->m_Current = {nullptr, false};
+    m_Processor->m_Functions.RemoveAll();
+    m_Processor->m_CurrentFunction = nullptr;
     m_Parent = m_Script ? &m_Script->m_Root : nullptr;
 }
 

@@ -528,6 +528,9 @@ public:
     SCC_Map<SYS_String, ScriptUnit*>& GetUnits() { return m_Scripts; }
     const SCC_Map<SYS_String, ScriptUnit*>& GetUnits() const { return m_Scripts; }
 
+    /// Hands the tree to another processor, which an evaluation lends its own state.
+    void SetProcessor(MacroParser& processor) { m_Processor = &processor; }
+
     void OpenBlock(Node* node);
     void CloseBlock();
     /// Ends a parse of the current unit.
@@ -554,7 +557,7 @@ private:
     void freeUnits();
     void destroy(Node* node);
 
-    MacroParser& m_Processor;
+    MacroParser* m_Processor;
     SCC_Map<SYS_String, ScriptUnit*> m_Scripts;
     ScriptUnit* m_Script = nullptr;
 };

@@ -131,10 +131,12 @@ KEL_MCR_API kel_ns::SYS_String TextOf(BSTR text);
 // A VARIANT that clears itself. Copies are deep; a copy that fails for lack of memory is empty.
 class KEL_MCR_API COleVariant : public tagVARIANT {
 public:
-    COleVariant() noexcept { VariantInit(this); }
+    COleVariant() noexcept : tagVARIANT{} {}
     COleVariant(const VARIANT& value) : COleVariant() { VariantCopy(this, &value); }
     COleVariant(const COleVariant& other) : COleVariant(static_cast<const VARIANT&>(other)) {}
-    COleVariant(COleVariant&& other) noexcept : tagVARIANT(other) { VariantInit(&other); }
+    COleVariant(COleVariant&& other) noexcept : tagVARIANT(other) {
+        static_cast<VARIANT&>(other) = VARIANT{};
+    }
     explicit COleVariant(SHORT value) noexcept : COleVariant() { vt = VT_I2, iVal = value; }
     explicit COleVariant(LONG value) noexcept : COleVariant() { vt = VT_I4, lVal = value; }
     explicit COleVariant(LONGLONG value) noexcept : COleVariant() { vt = VT_I8, llVal = value; }
@@ -163,7 +165,12 @@ public:
         return *this;
     }
 
-    void Clear() noexcept { VariantClear(this); }
+    void Clear() noexcept {
+        if (vt > VT_R8) // the tags up to here own nothing
+            VariantClear(this);
+        else
+            static_cast<VARIANT&>(*this) = VARIANT{};
+    }
 
     // Takes the value over and leaves `value` empty.
     void Attach(VARIANT& value) noexcept {

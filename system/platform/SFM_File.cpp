@@ -106,6 +106,8 @@ bool SFM_File::closeNow() {
 bool SFM_File::writeThrough(const char* bytes, std::size_t size) {
     if (m_File->Write(bytes, size) != PlatformStatus::Ok) {
         m_Failed = true;
+        // Some of the bytes may have got through: the system's place must be ours again.
+        m_File->Seek(m_BufferStart, PlatformOrigin::Begin);
         return false;
     }
     // Others may have written behind our place: then ours is where the bytes really went.

@@ -71,7 +71,9 @@ UI_MacroVariantParam* MacroSupport::getExecutionStackVar(const MacroName* name,
 }
 
 bool MacroSupport::checkExplicit(const char* name) {
-    if (!m_Options.explicitDeclarations && !IsInEvaluation())
+    // A look at a paused macro makes no variables. Procedures that it calls may, as ever.
+    const bool isEvaluatedText = IsInEvaluation() && !m_CurrentFunction;
+    if (!m_Options.explicitDeclarations && !isEvaluatedText)
         return false;
     SYS_String message = "Variable is undefined : '";
     message += name;

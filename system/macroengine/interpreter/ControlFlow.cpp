@@ -132,6 +132,7 @@ bool advanceNumbers(UI_MacroVariantParam& variable, const UI_MacroVariant& bound
 } // namespace
 
 Step ParserTree::ForCond::OnEnter(Node& node, MacroParser& processor) {
+    refuseToWrite(processor);
     processor.releaseResult(&node); // an Exit may have left the last loop's bound behind
     return {node.GetFirstChild(), false};
 }
@@ -167,6 +168,7 @@ Step ParserTree::ForCond::OnLeave(Node& node, MacroParser& processor) {
 }
 
 Step ParserTree::ForeachCond::OnEnter(Node& node, MacroParser& processor) {
+    refuseToWrite(processor);
     processor.releaseResult(&node);
     return {node.GetFirstChild(), false};
 }

@@ -66,6 +66,7 @@ Step ParserTree::VarDecl::OnLeave(Node& node, MacroParser& processor) {
     Node* child = node.GetFirstChild();
     if (!child)
         return node.GetStepAfter();
+    refuseToWrite(processor);
     SCL_ASSERT(child->Is(Kind::SubscriptList), "ParserTree: a list of subscripts is expected");
     UI_MacroVariant* variable = processor.RegisterVar(SYS_StrNoCase(name));
     if (!variable)
@@ -78,6 +79,7 @@ Step ParserTree::VarDecl::OnLeave(Node& node, MacroParser& processor) {
 /// Leave: reshape each array; a name that does not exist yet becomes a dynamic array.
 /// `Preserve` is accepted and keeps nothing.
 Step ParserTree::Redim::OnLeave(Node& node, MacroParser& processor) {
+    refuseToWrite(processor);
     Node* child = node.GetFirstChild();
     if (!child || !child->Is(Kind::ArrRedeclList))
         processor.OnError(errInternal, SYS_String());
@@ -97,6 +99,7 @@ Step ParserTree::Redim::OnLeave(Node& node, MacroParser& processor) {
 }
 
 Step ParserTree::Const::OnLeave(Node& node, MacroParser& processor) {
+    refuseToWrite(processor);
     for (const ConstItem& item : items) {
         Cell* cell = processor.getResultVal(item.value);
         UI_MacroVariant* variable = processor.RegisterVar(SYS_StrNoCase(item.name));

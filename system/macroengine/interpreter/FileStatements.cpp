@@ -39,8 +39,7 @@ void semantics::setFileWidth(Node& node, MacroParser& processor) {
 }
 
 Step ParserTree::OpenFile::OnLeave(Node& node, MacroParser& processor) {
-    if (processor.GetExecutionMode() == MacroSupport::emEvalPure)
-        processor.OnError(errInternal, SYS_String());
+    refuseToWrite(processor);
     Node* name = node.GetFirstChild();
     Node* stream = name->GetNextSibling();
     Node* length = stream->GetNextSibling();

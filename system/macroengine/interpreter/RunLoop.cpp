@@ -45,7 +45,8 @@ MacroPlaybackResult MacroParser::Run(int resume, MacroSource* source, char const
     if (!m_Current.node)
         return pbFailed;
     const EntryGuard entry(*this);
-    if (resume == 0 && m_PlaybackDepth > 0)
+    const bool isEvaluation = std::exchange(m_EvaluationStarts, false);
+    if (resume == 0 && m_PlaybackDepth > 0 && !isEvaluation)
         OnError(errIllegalNesting, SYS_String()); // would walk the running step again
     RunGuard guard(*this);
     if (resume != 0) {
@@ -129,7 +130,7 @@ void MacroParser::ExecutionStep() {
 }
 
 void MacroParser::runInMode() {
-    if (IsExecuting())
+    if (IsExecuting() && !IsInEvaluation())
         m_LastExecuting = m_ExecutionMode;
     bool byOwnRule = false;
     switch (m_ExecutionMode) {

@@ -42,6 +42,12 @@ inline void adopt(ParserTree::ValueSlots& slots, Cell& cell) {
     ExecutionContext::MoveCell(&cell, slots);
 }
 
+/// Raises: 46 in an evaluation without side effects, before anything is written.
+inline void refuseToWrite(MacroParser& processor) {
+    if (processor.GetExecutionMode() == MacroSupport::emEvalPure)
+        processor.OnError(errInternal, SYS_String());
+}
+
 /// Truth of a condition.
 inline bool isTrue(const UI_MacroVariant& value) {
     if (value.GetType() == vvtBoolean)

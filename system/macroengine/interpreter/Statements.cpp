@@ -115,8 +115,8 @@ Step ParserTree::Statement::OnEnter(Node& node, MacroParser& processor) {
 }
 
 Step ParserTree::Statement::OnLeave(Node& node, MacroParser& processor) {
-    if (code != stCall && processor.GetExecutionMode() == MacroSupport::emEvalPure)
-        processor.OnError(errInternal, SYS_String());
+    if (code != stCall)
+        refuseToWrite(processor);
     Node* first = node.GetFirstChild();
     switch (static_cast<StatementCode>(code)) {
     case stCall:

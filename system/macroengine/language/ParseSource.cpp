@@ -130,9 +130,11 @@ bool MacroParser::ParseAll() {
     m_Scanner->GetState().tokenLine = lastLine;
     if (isComplete)
         return true;
-    m_Tree->Clear();
-    if (!IsInEvaluation())
-        m_Functions.RemoveAll();
+    if (!m_CheckMode) {
+        m_Tree->Clear();
+        if (!IsInEvaluation())
+            m_Functions.RemoveAll();
+    }
     m_ExecutionMode = emStopped;
     return false;
 }
@@ -176,6 +178,7 @@ void MacroParser::ParseText(SYS_String& text, bool continues) {
         if (ParseMacroText(*m_Builder) != 0)
             OnError(SYS_String("YYABORT"));
     } catch (const MacroException& error) {
+        m_FailingOffset = static_cast<long>(scan.tokenStart - scan.bufferStart);
         SYS_String message = error.GetText();
         message << "\n";
         if (!error.GetFilePath().IsEmpty())

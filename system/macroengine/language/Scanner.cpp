@@ -184,8 +184,7 @@ int MacroScanner::remComment(const char*& p) {
         ++p;
         ++m_State.currentLine; // the line end counts once more
     }
-    m_State.commentText.Append(m_State.wholeRestIsRem ? std::string_view(begin)
-                                                      : textBetween(begin, p));
+    m_State.commentText.Append(textBetween(begin, p));
     return tokNewLine;
 }
 

@@ -34,7 +34,6 @@ public:
         SYS_String commentText;
         char commentLeader = 0;
         bool afterDot = false;
-        bool wholeRestIsRem = false; // the tokenizer's view: `rem` takes all that follows
         bool restDropped = false;    // an unterminated string ended the text
         bool continuesText = false;  // more lines come from the source
         bool movesSource = false;    // the lines of the text are lines of the source

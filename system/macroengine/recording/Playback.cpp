@@ -12,6 +12,17 @@ namespace {
 
 using WithNode = ParserTree::NodeImpl<ParserTree::With, true>;
 
+/// Where the walk goes on when it has left the node for good.
+Step stepBehind(const Step& step) {
+    Node* node = step.node;
+    // The branch that has run is the last of its statement.
+    if (step.ascending && (node->Is(Kind::IfCond) || node->Is(Kind::SelectCase)))
+        node = node->GetParent();
+    if (!step.ascending && node->GetFirstChild())
+        return {node->GetFirstChild(), false};
+    return node->GetStepAfter();
+}
+
 /// The first statement behind the one in which the walk stands.
 Node* statementBehind(Node* node) {
     while (node && !node->IsStatement())
@@ -21,14 +32,11 @@ Node* statementBehind(Node* node) {
     const long line = node->GetLine();
     Step step = node->GetStepAfter();
     while (step.node && (step.ascending || !step.node->IsStatement())) {
-        SCL_ASSERT(step.node->IsStatement() || step.node->GetLine() == line ||
-                       step.node->GetLine() < 0,
+        SCL_ASSERT(step.ascending || step.node->GetLine() == line || step.node->GetLine() < 0,
                    "MacroParser::ResumeWith: the next statement stands on another line");
         if (step.node->Is(Kind::Function))
             return nullptr;
-        step = step.ascending || !step.node->GetFirstChild()
-                   ? step.node->GetStepAfter()
-                   : Step{step.node->GetFirstChild(), false};
+        step = stepBehind(step);
     }
     return step.node;
 }
@@ -56,6 +64,8 @@ MacroPlaybackResult MacroParser::ResumeWith(char const* name) {
         while (step.node && step.node != context)
             step = step.ascending ? step.node->Leave(*this) : step.node->Enter(*this);
         Cell* cell = findResult(expression);
+        if (m_ExecutionMode == emStopped)
+            return pbNotHandled; // the expression ended the run
         if (step.node && cell && dialog.IsObjectSame(cell->value))
             return runDialogBlock(*static_cast<WithNode*>(node), step);
         if (cell)
@@ -75,17 +85,18 @@ UI_MacroVariant* MacroParser::findDialog(char const* name) {
 }
 
 MacroPlaybackResult MacroParser::runDialogBlock(WithNode& with, ParserTree::Step start) {
-    RunGuard guard(*this);
     struct Entry {
         MacroParser& processor;
         WithNode& with;
         ParserTree::Step step;
+        MacroPlaybackResult result;
         ~Entry() {
             --with.nestedRuns;
             if (processor.m_ExecutionMode != emStopped)
                 processor.m_Current = step;
+            processor.m_ResultCode = result; // of the dialog around this one
         }
-    } entry{*this, with, m_Current};
+    } entry{*this, with, m_Current, m_ResultCode};
     const int frames = m_ContextStack->GetCount();
     const int blocks = m_ContextStack->Top()->GetBlockDepth();
     m_ResultCode = pbBlockDone;
@@ -100,6 +111,5 @@ MacroPlaybackResult MacroParser::runDialogBlock(WithNode& with, ParserTree::Step
         with.Leave(*this);
         m_ResultCode = result;
     }
-    guard.SetDone();
     return m_ResultCode;
 }

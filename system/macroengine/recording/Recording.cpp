@@ -1,7 +1,6 @@
 // Lines of macro text that the host's commands report, on their way to the output.
 
-#include <SCL_Assert.h>
-#include <UI_MacroProcessor.h>
+#include "recording/MacroLogFile.h"
 
 SCC_Event<char const*>& MacroSupport::RecordEvent() {
     static auto& event = *new SCC_Event<char const*>;
@@ -17,16 +16,27 @@ void MacroSupport::BeginRecording(MacroOutput* output) {
 }
 
 void MacroSupport::OnRecord(int id, char const* text) {
-    if (!m_Output || !text)
+    if (!text)
         return;
-    const int effective = m_CompressionMode ? id : 0;
-    if (effective != m_LastCompressID || effective == 0) {
-        if (m_LastCompressID != 0)
-            m_Output->Record(m_LastRecorded);
-        m_Output->Record(text);
-    }
+    if (m_BMWLog && !IsExecuting())
+        m_BMWLog->Record(text);
+    // An output of the host may stop this recording, start another or end the processor.
+    const SCL_Pointer<MacroOutput> output = m_Output;
+    MacroOutput* background = backgroundLog();
+    if (!output && !background)
+        return;
+    const int effective = GetCompressionMode() ? id : 0;
+    const bool goesOut = effective != m_LastCompressID || effective == 0;
+    const bool waited = goesOut && m_LastCompressID != 0;
+    const SYS_String waiting = waited ? m_LastRecorded : SYS_String();
     m_LastRecorded = text;
     m_LastCompressID = effective;
+    for (MacroOutput* sink : {output.Get(), background}) {
+        if (sink && waited)
+            sink->Record(waiting);
+        if (sink && goesOut)
+            sink->Record(text);
+    }
 }
 
 void MacroSupport::PushModalContext(char const* name) {

@@ -34,9 +34,7 @@ struct MacroVariantAccess {
         std::swap(value.m_Parts, list.m_Parts);
     }
     /// Appends to the text of a String.
-    static void AppendText(UI_MacroVariant& value, const SYS_String& rest) {
-        value.m_Text += rest;
-    }
+    static void AppendText(UI_MacroVariant& value, const SYS_String& rest) { value.m_Text += rest; }
     static __int64 Integer(const UI_MacroVariant& value) { return value.m_Payload.integer; }
     static double Real(const UI_MacroVariant& value) { return value.m_Payload.real; }
     /// A number as a double; the kind must be Integer or Double.

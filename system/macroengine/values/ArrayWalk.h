@@ -39,6 +39,10 @@ public:
 
     /// Where the element just given stands in a level, counted from 0; level 0 is the outermost.
     int GetPlace(int level) const { return m_Levels[static_cast<std::size_t>(level)].next - 1; }
+    /// The same as the index that a macro writes there.
+    int GetIndex(int level) const {
+        return m_Levels[static_cast<std::size_t>(level)].array->GetLowerBound() + GetPlace(level);
+    }
 
 private:
     struct Level {

@@ -6,6 +6,7 @@
 #include <UI_MacroVariant.h>
 
 #include <string>
+#include <utility>
 
 #include "values/Bridge.h"
 #include "values/Failure.h"
@@ -30,7 +31,8 @@ public:
     CallArguments& operator=(const CallArguments&) = delete;
     ~CallArguments() {
         for (UINT i = 0; i < m_Count; ++i)
-            VariantClear(&m_Values[i]);
+            if (m_Values[i].vt > VT_R8) // the tags up to here own nothing
+                VariantClear(&m_Values[i]);
     }
 
     /// False if there are too many.
@@ -70,7 +72,7 @@ private:
     UINT m_Count = 0;
 };
 
-/// What an object may tell about its failure. Macros get a text of their own instead.
+/// What an object may tell about its failure. It goes along with the text that macros get.
 struct FailureInfo : EXCEPINFO {
     FailureInfo() : EXCEPINFO{} {}
     FailureInfo(const FailureInfo&) = delete;
@@ -80,9 +82,19 @@ struct FailureInfo : EXCEPINFO {
         SysFreeString(bstrDescription);
         SysFreeString(bstrHelpFile);
     }
+
+    SYS_String Describe() {
+        if (pfnDeferredFillIn)
+            std::exchange(pfnDeferredFillIn, nullptr)(this);
+        SYS_String text = automation::TextOf(bstrSource);
+        const SYS_String description = automation::TextOf(bstrDescription);
+        if (!text.IsEmpty() && !description.IsEmpty())
+            text += ": ";
+        return text += description;
+    }
 };
 
-void reportFailure(HRESULT failure) {
+void failCall(HRESULT failure) {
     switch (failure) {
     case DISP_E_MEMBERNOTFOUND:
         Fail(errMemberNotFound);
@@ -96,6 +108,15 @@ void reportFailure(HRESULT failure) {
     default:
         Fail("Invoke failed");
         break;
+    }
+}
+
+void reportFailure(HRESULT failure, const SYS_String& detail) {
+    try {
+        failCall(failure);
+    } catch (MacroException& error) {
+        error.SetDetail(detail);
+        throw;
     }
 }
 
@@ -114,16 +135,13 @@ bool invoke(IDispatch* dispatch, DISPID member, WORD flags, const UI_MacroArray&
         return false;
     DISPID named = DISPID_PROPERTYPUT;
     DISPPARAMS parameters = list.Get(newValue ? &named : nullptr);
-    HRESULT outcome = S_OK;
-    {
-        FailureInfo info;
-        UINT wrongArgument = 0;
-        outcome = object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, &result,
-                                 &info, &wrongArgument);
-    }
+    FailureInfo info;
+    UINT wrongArgument = 0;
+    const HRESULT outcome = object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags,
+                                           &parameters, &result, &info, &wrongArgument);
     if (SUCCEEDED(outcome))
         return true;
-    reportFailure(outcome);
+    reportFailure(outcome, outcome == DISP_E_EXCEPTION ? info.Describe() : SYS_String());
     return false;
 }
 

@@ -118,7 +118,10 @@ bool cMacroArrayEnum::TakeNext(UI_MacroVariant& item) {
         return takeElement(m_Walk, item);
     COleVariant value;
     ULONG fetched = 0;
-    if (m_Items->Next(1, &value, &fetched) != S_OK || fetched == 0)
+    const HRESULT outcome = m_Items->Next(1, &value, &fetched);
+    if (FAILED(outcome))
+        Fail("Invoke failed"); // a part of a collection must not pass for all of it
+    if (outcome != S_OK || fetched == 0)
         return false;
     FromVariant(value, item);
     return true;

@@ -1,6 +1,7 @@
 // Values to automation data and back. Arrays may nest: those that are met on the way wait on a
 // list, so that no depth of nesting uses the native stack.
 
+#include <AutomationFace.h>
 #include <SCL_Assert.h>
 #include <UI_MacroEval.h>
 
@@ -19,11 +20,20 @@ namespace {
 
 // --- from automation -------------------------------------------------------------------------
 
+/// A host's object that comes back is itself again.
+void readDispatch(IDispatch* object, UI_MacroVariant& target) {
+    MacroEval* own = nullptr;
+    if (IsExposedObject(object, own))
+        target.SetLValueVal(own);
+    else if (object)
+        target.SetObjectVal(object, true);
+}
+
 void readObject(IUnknown* object, UI_MacroVariant& target) {
     if (!object)
         return;
     if (Counted<IDispatch> dispatch = QueryFor<IDispatch>(object, IID_IDispatch))
-        target.SetObjectVal(dispatch.Get(), true);
+        readDispatch(dispatch.Get(), target);
     else
         target.SetUnknownObjectVal(object);
 }
@@ -49,8 +59,7 @@ void readSingle(const VARIANT& source, UI_MacroVariant& target) {
         target.SetStringVal(automation::TextOf(source.bstrVal));
         break;
     case VT_DISPATCH:
-        if (source.pdispVal)
-            target.SetObjectVal(source.pdispVal, true);
+        readDispatch(source.pdispVal, target);
         break;
     case VT_BOOL:
         target.SetBoolVal(source.boolVal != 0);
@@ -220,6 +229,20 @@ void writeObject(IDispatch* object, VARIANT& out) {
     out.vt = VT_DISPATCH;
 }
 
+/// An object of the host leaves with its face, unless it is a value in the shape of an object.
+bool writeHostObject(const UI_MacroVariant& object, VARIANT& out) {
+    if (Counted<IDispatch> face = FaceOf(object)) {
+        writeObject(face.Get(), out);
+        return true;
+    }
+    if (!object.IsEmpty() || dynamic_cast<const UI_MacroProperty*>(&object))
+        return false;
+    out.pdispVal =
+        ExposeToAutomation(static_cast<MacroEval&>(const_cast<UI_MacroVariant&>(object)));
+    out.vt = VT_DISPATCH;
+    return true;
+}
+
 void writeUnknown(IUnknown* object, VARIANT& out) {
     if (object)
         object->AddRef();
@@ -264,11 +287,9 @@ private:
             read = *body;
             MacroVariantAccess::Invoke(read);
             body = &read;
-        } else if (body->IsMacroEval() && body->GetType() != vvtObject) {
-            if (Counted<IDispatch> face = FaceOf(*body)) {
-                writeObject(face.Get(), out);
-                return;
-            }
+        } else if (body->IsMacroEval() && body->GetType() != vvtObject &&
+                   writeHostObject(*body, out)) {
+            return;
         }
         switch (body->GetType()) {
         case vvtObject:

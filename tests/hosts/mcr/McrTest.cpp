@@ -52,7 +52,7 @@ TEST_F(Mcr, TellsItsVersionAndItsCommands) {
 
     const ProgramResult help = mcr({"--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* command : {"run", "check", "eval", "tree"})
+    for (const char* command : {"run", "check", "eval", "tree", "tokens", "highlight", "outline"})
         EXPECT_NE(help.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
 }
 

@@ -171,15 +171,6 @@ TEST(Scanner, CommentsCountLines) {
     }
 }
 
-TEST(Scanner, TokenizerSeesTheWholeRestOfARem) {
-    Scan scan("Rem a\nb\n");
-    scan.scanner.GetState().wholeRestIsRem = true;
-    EXPECT_EQ(scan.Next(), tokNewLine);
-    EXPECT_STREQ(scan.scanner.GetCommentText().c_str(), "em a\nb\n");
-    EXPECT_EQ(scan.scanner.GetCommentLeader(), 'R');
-    EXPECT_EQ(scan.Next(), tokName);
-}
-
 TEST(Scanner, FailingLineIsThePhysicalOne) {
     Scan scan("rem one\nrem two\n  a = 1\r\nlast");
     for (int i = 0; i < 3; ++i)

@@ -1,0 +1,50 @@
+#include "ScriptText.h"
+
+#include <algorithm>
+
+ScriptText::ScriptText(const std::string& text) {
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        m_Lines.push_back(text.substr(start, end - start));
+        m_EndsOpen = end == text.size();
+        start = end + 1;
+    }
+    const auto endsWithReturn = [](const std::string& line) { return line.ends_with('\r'); };
+    const auto complete = m_Lines.end() - (m_EndsOpen ? 1 : 0);
+    if (complete == m_Lines.begin() || !std::all_of(m_Lines.begin(), complete, endsWithReturn))
+        return;
+    m_LineEnd = "\r\n";
+    for (auto line = m_Lines.begin(); line != complete; ++line)
+        line->pop_back();
+}
+
+const std::string& ScriptText::GetLine(long line) const {
+    static const std::string none;
+    return HasLine(line) ? m_Lines[static_cast<std::size_t>(line)] : none;
+}
+
+void ScriptText::SetLine(int line, const std::string& text) {
+    m_Lines[static_cast<std::size_t>(line)] = text;
+    m_Changed = true;
+}
+
+void ScriptText::InsertLine(int line, const std::string& text) {
+    if (line == GetCount())
+        m_EndsOpen = false;
+    m_Lines.insert(m_Lines.begin() + line, text);
+    m_Changed = true;
+}
+
+void ScriptText::RemoveLine(int line) {
+    m_Lines.erase(m_Lines.begin() + line);
+    m_Changed = true;
+}
+
+std::string ScriptText::Join() const {
+    std::string text;
+    for (const std::string& line : m_Lines)
+        text += line + m_LineEnd;
+    if (m_EndsOpen && !m_Lines.empty())
+        text.resize(text.size() - m_LineEnd.size());
+    return text;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <MacroSource.h>
+
+#include <ostream>
+
+/// Recorded lines on a stream, which must outlive the recording.
+class RecordOutput : public MacroOutput {
+public:
+    explicit RecordOutput(std::ostream& stream) : m_Stream(stream) {}
+
+    int Record(char const* text) override {
+        m_Stream << text << '\n';
+        return m_Stream.good();
+    }
+
+private:
+    std::ostream& m_Stream;
+};
