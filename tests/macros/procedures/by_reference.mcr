@@ -2,7 +2,7 @@
 Sub inc(a)
     a = a + 1
 End Sub
-Sub inc2(b)
+Sub inc2(ByRef b)
     inc b
     inc b
 End Sub
@@ -27,6 +27,7 @@ inc arr(2) : inc2 arr(2) : inc4 arr(2) : Console.WriteLine arr(2)
 inc grid(1, 2) : inc2 grid(1, 2) : Console.WriteLine grid(1, 2), " ", TypeName(grid(2, 1))
 inc (x) : Console.WriteLine x
 inc x + 1 : inc 5 : Console.WriteLine x
+Call inc(x) : inc fresh : Console.WriteLine x, " ", fresh
 keep x : Console.WriteLine x
 keep arr(2) : Console.WriteLine arr(2)
 both x, x : Console.WriteLine x
@@ -79,9 +80,10 @@ arr(3).WriteLine "bound element"
 ' > 3 Empty
 ' > 7
 ' > 7
+' > 8 1
+' > inside 13 8
 ' > inside 12 7
-' > inside 12 7
-' > 71
+' > 81
 ' > 71
 ' > 3
 ' > 5
