@@ -7,7 +7,6 @@
 #include <UI_MacroProcessor.h>
 
 #include <limits>
-#include <map>
 #include <new>
 #include <set>
 #include <stdexcept>
@@ -16,86 +15,31 @@ namespace {
 
 constexpr int kMostArguments = 7; // more are not tried
 
-// The counts of arguments that a function takes, as digits.
-const std::map<std::string, std::string> kCounts = {
-    {"Abs", "1"},
-    {"Array", "01234567"},
-    {"Asc", "1"},
-    {"Atn", "1"},
-    {"CBool", "1"},
-    {"CByte", "1"},
-    {"CDbl", "1"},
-    {"CInt", "1"},
-    {"CLng", "1"},
-    {"CSng", "1"},
-    {"CStr", "1"},
-    {"Chr", "1"},
-    {"Command", "0"},
-    {"Cos", "1"},
-    {"CreateObject", "12"},
-    {"CurDir", "01"},
-    {"Dir", "012"},
-    {"DoEvents", "0"},
-    {"Environ", "1"},
-    {"EOF", "1"},
-    {"Exp", "1"},
-    {"Filter", "234567"},
-    {"Fix", "1"},
-    {"FormatNumber", "12345"},
-    {"FormatPercent", "12345"},
-    {"GetTmpFileName", "1"},
-    {"Hex", "1"},
-    {"InStr", "234"},
-    {"InStrRev", "234"},
-    {"Int", "1"},
-    {"IsArray", "1"},
-    {"IsEmpty", "1"},
-    {"IsNull", "1"},
-    {"IsNumeric", "1"},
-    {"IsObject", "1"},
-    {"Join", "12"},
-    {"GetObject", "12"},
-    {"GetRef", "1"},
-    {"LBound", "12"},
-    {"LCase", "1"},
-    {"Left", "2"},
-    {"Len", "1"},
-    {"LoadImage", "123"},
-    {"Log", "1"},
-    {"LTrim", "1"},
-    {"Max", "2"},
-    {"Mid", "23"},
-    {"Min", "2"},
-    {"MkDir", "1"},
-    {"MoveFile", "2"},
-    {"MsgBox", "1235"},
-    {"Oct", "1"},
-    {"Replace", "356"},
-    {"Rgb", "3"},
-    {"Right", "2"},
-    {"Rnd", "01"},
-    {"Round", "12"},
-    {"RTrim", "1"},
-    {"ScriptEngine", "0"},
-    {"ScriptEngineBuildVersion", "0"},
-    {"ScriptEngineMajorVersion", "0"},
-    {"ScriptEngineMinorVersion", "01234567"},
-    {"Sgn", "1"},
-    {"Sin", "1"},
-    {"Space", "1"},
-    {"Split", "1234"},
-    {"Sqr", "1"},
-    {"StrComp", "23"},
-    {"StrReverse", "1"},
-    {"String", "2"},
-    {"Tan", "1"},
-    {"Trim", "1"},
-    {"TypeName", "1"},
-    {"UBound", "12"},
-    {"UCase", "1"},
-    {"VarType", "1"},
-    {"Str", "1"},
-    {"Val", "1"},
+// The counts of arguments that functions take, as digits.
+const struct {
+    const char* counts;
+    const char* functions;
+} kCounts[] = {
+    {"1", "Abs Asc Atn CBool CByte CDbl CInt CLng CSng CStr Chr Cos Environ EOF Exp Fix "
+          "GetTmpFileName Hex Int IsArray IsEmpty IsNull IsNumeric IsObject GetRef LCase "
+          "Len Log LTrim MkDir Oct RTrim Sgn Sin Space Sqr StrReverse Tan Trim TypeName "
+          "UCase VarType Str Val"},
+    {"01234567", "Array ScriptEngineMinorVersion"},
+    {"0", "Command DoEvents ScriptEngine ScriptEngineBuildVersion "
+          "ScriptEngineMajorVersion"},
+    {"12", "CreateObject Join GetObject LBound Round UBound"},
+    {"01", "CurDir Rnd"},
+    {"012", "Dir"},
+    {"234567", "Filter"},
+    {"12345", "FormatNumber FormatPercent"},
+    {"234", "InStr InStrRev"},
+    {"2", "Left Max Min MoveFile Right String"},
+    {"123", "LoadImage"},
+    {"23", "Mid StrComp"},
+    {"1235", "MsgBox"},
+    {"356", "Replace"},
+    {"3", "Rgb"},
+    {"1234", "Split"},
 };
 
 /// Calls every function with arguments that nobody means, on a system where every file fails.
@@ -105,7 +49,14 @@ protected:
         const char* name;
         MacroFunctionHandler handler;
 
-        const std::string& Counts() const { return kCounts.at(name); }
+        std::string Counts() const {
+            const std::string wanted = " " + std::string(name) + " ";
+            for (const auto& row : kCounts)
+                if ((" " + std::string(row.functions) + " ").find(wanted) != std::string::npos)
+                    return row.counts;
+            ADD_FAILURE() << name << " stands in no row";
+            return "";
+        }
         bool Takes(int count) const {
             return Counts().find(static_cast<char>('0' + count)) != std::string::npos;
         }
@@ -203,7 +154,8 @@ TEST_F(AnyCall, EveryFunctionStandsEveryKindAndSize) {
         if (std::string(function.name) == "LoadImage")
             allowed.insert(Error(36));
         const bool isRandom = std::string(function.name) == "Rnd";
-        for (const char digit : function.Counts()) {
+        const std::string counts = function.Counts();
+        for (const char digit : counts) {
             const int count = digit - '0';
             for (const UI_MacroVariant& filler : {UI_MacroVariant(2), UI_MacroVariant("text")}) {
                 for (std::size_t at = 0; at < static_cast<std::size_t>(count) * odd.size(); ++at) {
