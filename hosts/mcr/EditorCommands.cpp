@@ -20,6 +20,8 @@ EditorCommands::EditorCommands(CLI::App& app) {
     m_Outline = app.add_subcommand("outline", "Print the procedures and names of a macro");
     m_Outline->add_option("FILE", m_File, kFile)->required();
     m_Outline->add_flag("--json", m_AsJson, "Print it for programs");
+
+    m_Words = app.add_subcommand("words", "Print the words of the language, each with its kind");
 }
 
 std::optional<int> EditorCommands::Run() const {
@@ -40,5 +42,7 @@ std::optional<int> EditorCommands::run() const {
         return PrintHighlighted(m_File, m_AsPage);
     if (*m_Outline)
         return PrintOutline(m_File, m_AsJson);
+    if (*m_Words)
+        return PrintWords();
     return std::nullopt;
 }

@@ -31,6 +31,7 @@ private:
     CLI::App* m_Tokens;
     CLI::App* m_Highlight;
     CLI::App* m_Outline;
+    CLI::App* m_Words;
 };
 
 // Each gives the exit code of the program.
@@ -43,3 +44,5 @@ int PrintTokens(const std::string& file);
 int PrintHighlighted(const std::string& file, bool asPage);
 /// The procedures and the declared names of a macro.
 int PrintOutline(const std::string& file, bool asJson);
+/// Every word with a fixed meaning and its kind, one a line.
+int PrintWords();

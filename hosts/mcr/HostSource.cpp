@@ -17,8 +17,8 @@ MacroSource* openOther(char const* name, Trace& trace) {
 MacroSource* HostSource::Clone(char const* name) { return openOther(name, m_Trace); }
 
 // Asked before anything is unwound. There is no debugger, so the run ends.
-bool HostSource::BreakOnError(MacroException&) {
-    m_Trace.Note();
+bool HostSource::BreakOnError(MacroException& error) {
+    m_Trace.Note(error);
     return false;
 }
 
@@ -38,7 +38,7 @@ int TextSource::GetNextLine(SYS_String& line, bool) {
 
 MacroSource* TextSource::Clone(char const* name) { return openOther(name, m_Trace); }
 
-bool TextSource::BreakOnError(MacroException&) {
-    m_Trace.Note();
+bool TextSource::BreakOnError(MacroException& error) {
+    m_Trace.Note(error);
     return false;
 }

@@ -22,6 +22,12 @@ void Trace::Note() {
     }
 }
 
+void Trace::Note(const MacroException& error) {
+    Note();
+    if (!m_Frames.empty() && m_Frames.front().file == error.GetFilePath().View())
+        m_Frames.front().line = error.GetPosition();
+}
+
 void Trace::Clear() {
     m_Frames.clear();
     m_LeftOut = 0;

@@ -11,6 +11,9 @@ class Trace {
 public:
     /// Notes the frames of the current processor, the innermost first.
     void Note();
+    /// The same for a failure. A condition may fail on a later line than that of its statement, so
+    /// the innermost frame stands where the error is.
+    void Note(const MacroException& error);
     void Clear();
 
     /// Zero-based line of the innermost frame, 0 without one.

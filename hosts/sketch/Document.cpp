@@ -43,7 +43,7 @@ cMacroAppClass* Document::GetMacroClass() {
     static Method paint(self, "Paint", "", &T::Paint, false,
                         cMacroArgument("stroke", kTypeNameColor),
                         cMacroArgument("fill", kTypeNameColor).opt(1));
-    static Method remove(self, "Delete", "", &T::Remove);
+    static Method remove(self, "Delete", "", &T::Erase);
     static Method beginDrag(self, "BeginDrag", "", &T::BeginDrag, false, real("x"), real("y"));
     static Method dragTo(self, "DragTo", "", &T::DragTo, false, real("x"), real("y"));
     static Method endDrag(self, "EndDrag", "", &T::EndDrag);
@@ -175,7 +175,7 @@ UI_MacroVariant Document::Paint(int argc, UI_MacroVariant* args) {
     return UI_MacroVariant();
 }
 
-UI_MacroVariant Document::Remove(int, UI_MacroVariant*) {
+UI_MacroVariant Document::Erase(int, UI_MacroVariant*) {
     m_Desk.editor.RemoveSelection();
     return UI_MacroVariant();
 }

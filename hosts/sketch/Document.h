@@ -42,7 +42,7 @@ private:
     UI_MacroVariant Pick(int argc, UI_MacroVariant* args);
     UI_MacroVariant Move(int argc, UI_MacroVariant* args);
     UI_MacroVariant Paint(int argc, UI_MacroVariant* args);
-    UI_MacroVariant Remove(int argc, UI_MacroVariant* args);
+    UI_MacroVariant Erase(int argc, UI_MacroVariant* args);
     UI_MacroVariant BeginDrag(int argc, UI_MacroVariant* args);
     UI_MacroVariant DragTo(int argc, UI_MacroVariant* args);
     UI_MacroVariant EndDrag(int argc, UI_MacroVariant* args);

@@ -70,7 +70,7 @@ bool Gestures::Run() {
     while (performNext()) {
     }
     if (m_IsPressed) {
-        if (!m_HasFailed)
+        if (m_GoesOn || !m_HasFailed)
             fail("the button is still pressed at the end");
         release({});
     }

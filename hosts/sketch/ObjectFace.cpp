@@ -69,7 +69,9 @@ private:
 
 /// The arguments of a call in the order of macros; automation has the last one first.
 std::vector<UI_MacroVariant> readArguments(const DISPPARAMS* arguments) {
-    std::vector<UI_MacroVariant> values(arguments ? arguments->cArgs : 0);
+    if (!arguments)
+        return {};
+    std::vector<UI_MacroVariant> values(arguments->cArgs);
     for (std::size_t i = 0; i < values.size(); ++i) {
         const VARIANT& value = arguments->rgvarg[values.size() - 1 - i];
         if (value.vt == VT_ERROR)

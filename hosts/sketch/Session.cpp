@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <string_view>
 
 namespace {
 
@@ -23,10 +24,19 @@ std::string place(const std::string& file, int line) {
 } // namespace
 
 Session::Session() {
+    MacroHostHooks hooks;
+    // A program for the command line has its files where it is called, its log too.
+    hooks.defaultPath = [](const char* name) {
+        return std::string_view(name) == "Logs" ? SYS_String(".") : SYS_String();
+    };
+    MacroSupport::SetHostHooks(hooks);
     m_Macro.Register(m_App, nullptr);
     m_Macro.Register(m_App.GetDocument(), nullptr);
     m_Macro.Register(m_App.GetOptions(), nullptr);
+    MacroSupport::GetProcessor()->InitBackgroundMode(); // looks for --log itself
 }
+
+Session::~Session() { MacroSupport::SetHostHooks(MacroHostHooks()); }
 
 bool Session::Play(const std::string& path, int& code) {
     std::error_code error;

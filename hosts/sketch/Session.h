@@ -15,6 +15,9 @@ enum ExitCode : int { ExitDone = 0, ExitFault = 1, ExitUsage = 2 };
 class Session {
 public:
     Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
 
     /// Runs a macro file; false if that failed, which has been reported. `code` is what the
     /// program ends with: after a success, what the macro gave to `App.Quit`.

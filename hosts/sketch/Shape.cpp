@@ -39,7 +39,7 @@ cMacroAppClass* Shape::GetMacroClass() {
     static cMacroClassMethod<T> move(self, "Move", "Shape", &T::Move, false,
                                      cMacroArgument("dx", TypeNameReal),
                                      cMacroArgument("dy", TypeNameReal));
-    static cMacroClassMethod<T> remove(self, "Delete", "", &T::Remove);
+    static cMacroClassMethod<T> remove(self, "Delete", "", &T::Erase);
     return &self;
 }
 
@@ -171,7 +171,7 @@ UI_MacroVariant Shape::Move(int, UI_MacroVariant* args) {
     return static_cast<UI_MacroVariant*>(this);
 }
 
-UI_MacroVariant Shape::Remove(int, UI_MacroVariant*) {
+UI_MacroVariant Shape::Erase(int, UI_MacroVariant*) {
     figure();
     m_Desk.editor.Remove(m_Number);
     return UI_MacroVariant();

@@ -48,7 +48,7 @@ private:
     UI_MacroVariant GetText(int argc, UI_MacroVariant* args) const;
     UI_MacroVariant SetText(int argc, UI_MacroVariant* args);
     UI_MacroVariant Move(int argc, UI_MacroVariant* args);
-    UI_MacroVariant Remove(int argc, UI_MacroVariant* args);
+    UI_MacroVariant Erase(int argc, UI_MacroVariant* args);
 
     Desk& m_Desk;
     const int m_Number;

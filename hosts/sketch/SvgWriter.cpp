@@ -3,6 +3,7 @@
 #include "Values.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace {
 
@@ -158,14 +159,22 @@ std::string pageText(const PageOptions& page) {
     return text;
 }
 
+/// The distances of the grid lines within a side of the page.
+std::vector<double> gridPlaces(double distance, double side) {
+    std::vector<double> places;
+    for (int i = 1; ToGrid(i * distance) < side; ++i)
+        places.push_back(ToGrid(i * distance));
+    return places;
+}
+
 /// All grid lines are one path.
 std::string gridText(const PageOptions& page) {
     if (page.grid <= 0)
         return {};
     std::string path;
-    for (double x = page.grid; x < page.width; x = ToGrid(x + page.grid))
+    for (double x : gridPlaces(page.grid, page.width))
         path += "M" + NumberText(x) + " 0V" + NumberText(page.height);
-    for (double y = page.grid; y < page.height; y = ToGrid(y + page.grid))
+    for (double y : gridPlaces(page.grid, page.height))
         path += "M0 " + NumberText(y) + "H" + NumberText(page.width);
     return "  <path" + attribute("d", path) + attribute("stroke", colorText(kGridColor)) +
            attribute("stroke-width", "0.5") + "/>\n";

@@ -19,6 +19,7 @@ struct Arguments {
     std::string input;
     std::string macro = "-";
     std::string svg;
+    std::string log; // only so that the option is known: the engine reads it by itself
 };
 
 int reportFile(const std::string& path) {
@@ -104,12 +105,15 @@ int prompt(const Arguments& arguments) {
     return code == ExitFault ? ExitDone : code; // the user has seen what went wrong
 }
 
-void addOutputs(CLI::App& command, Arguments& arguments, bool recordsMacro) {
-    if (recordsMacro)
-        command.add_option("--macro", arguments.macro,
-                           "Where the recorded macro goes; - is "
-                           "standard output, as is none");
-    command.add_option("--svg", arguments.svg, "Where the picture goes; - is standard output");
+void addOutputs(CLI::App& command, Arguments& arguments, bool records) {
+    const auto add = [&](const char* name, std::string& path, const char* meaning) {
+        command.add_option(name, path, meaning)->type_name("FILE");
+    };
+    add("--svg", arguments.svg, "Where the picture goes; - is standard output");
+    if (!records)
+        return;
+    add("--macro", arguments.macro, "Where the recorded macro goes, if not to standard output");
+    add("--log", arguments.log, "Keep a log of what is recorded, too");
 }
 
 } // namespace

@@ -194,7 +194,7 @@ void MacroSupport::SetSource(MacroSource* source) {
 void MacroSupport::SetOutput(MacroOutput* output) { m_Output = output; }
 
 void MacroSupport::SetExecutionMode(ExecutionMode mode) {
-    if (m_StopPending)
+    if (m_StopPending || !m_OldTrees.empty())
         return; // nothing lifts a run out of its stop
     if (m_Evaluating && mode != emStopped && mode != emFinished)
         return; // an evaluation is not paused or stepped, and runs in its own mode

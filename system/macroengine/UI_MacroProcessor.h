@@ -22,8 +22,11 @@ class EvaluationGuard;
 class FileTable;
 class FrameStack;
 class MacroScanner;
+class RunGuard;
+class SourceLines;
 class TextFile;
 class TreeBuilder;
+class TreeUpdate;
 class UI_MacroErr;
 class UI_MacroWScript;
 struct ContextBlock;
@@ -334,6 +337,7 @@ protected:
     friend class EntryGuard;
     friend class RunGuard;
     friend class EvaluationGuard;
+    friend class TreeUpdate;
     friend class cMacroContextSwaper;
     friend class UI_Macro;
 
@@ -385,7 +389,8 @@ protected:
     bool m_Evaluating = false;       // an evaluation is on the native stack
     bool m_EvaluationStarts = false; // the next run is the evaluated text
     bool m_Abandoned = false;        // the owner has gone: deleted by the outermost entry
-    ParserTree::Step m_PausedAt;     // the step at which the last pause happened
+    SCL_Vector<SCL_Pointer<ParserTree>> m_OldTrees; // given up under a run that may be in them
+    ParserTree::Step m_PausedAt;                    // the step at which the last pause happened
     std::unique_ptr<FileTable> m_Files;
 
     // Recording.
@@ -422,11 +427,21 @@ public:
     /// Parses the source into the tree; false if a block stayed open. Raises: any parse error.
     bool Parse() override;
 
-    /// One changed line of a paused macro: 0 inserted, 1 deleted, 2 changed.
+    /// One changed line of a macro: 0 inserted, 1 deleted, 2 changed. Lines count from 0 as the
+    /// table stands after the changes before it in the list.
     struct LineChange {
         int kind;
         int line;
     };
+    /// Takes over an edited source: reads its text and parses the changed lines alone. A paused
+    /// macro goes on with them; frames and variables stay, and a deleted current line makes it go
+    /// on at the line before. An empty list tries lines again that an earlier call has refused.
+    /// False with the macro stopped if a `For` stays open, or if the edit breaks what is running:
+    /// a procedure, a calling line, a `With`, the head of a `For`. False also without a source.
+    /// Where a `rem` line counts twice, a change of its number is two changes. Raises: the error of
+    /// a faulty text, which leaves the macro paused and to be mended; 42 during an evaluation or a
+    /// parse. Re-enters: the source.
+    virtual bool Reparse(SCL_Vector<LineChange> const& changes);
 
     virtual int NextToken();
     virtual void OnSyntaxError(int line);
@@ -457,6 +472,8 @@ public:
 protected:
     friend class ParserTree;
     friend class RunGuard;
+    friend class SourceLines;
+    friend class TreeUpdate;
     friend class cMacroContextSwaper;
     friend class UI_Macro;
 
@@ -486,6 +503,13 @@ protected:
     void pausedTurn();
     /// Whether a step loop stands on the step at which the run was paused.
     bool resumesAt(const ParserTree::Step& step);
+    bool breaksTheRun() const;
+    bool giveUpEdit();
+    bool linkFrames();
+    void anchorRun();
+    ParserTree::Step stepAt(ParserTree::Position* anchor);
+    void standAt(ParserTree::Step step);
+    void refuseEdit(bool hasStep, long line);
     bool hasUnits() const override;
     void endCall(bool failed) override;
     void bindArguments(ParserTree::Function& function, ExecutionContext& frame,
@@ -494,4 +518,7 @@ protected:
     SCL_Pointer<ParserTree> m_Tree;
     std::unique_ptr<TreeBuilder> m_Builder;
     ExecutionMode m_LastExecuting = emRun;
+    bool m_BetweenSteps = false; // a callback runs while no node does
+    unsigned m_Edits = 0;        // counts the calls of Reparse
+    RunGuard* m_TopGuard = nullptr;
 };

@@ -81,6 +81,20 @@ void ParserTree::Node::insertChild(Node* child, bool atFront) {
         m_FirstChild = child;
 }
 
+void ParserTree::Node::MoveBefore(Node* sibling) {
+    Node* parent = sibling->m_Parent;
+    if (sibling == this || !parent)
+        return;
+    Unlink();
+    m_Parent = parent;
+    m_Next = sibling;
+    m_Previous = sibling->m_Previous;
+    m_Previous->m_Next = this;
+    sibling->m_Previous = this;
+    if (parent->m_FirstChild == sibling)
+        parent->m_FirstChild = this;
+}
+
 void ParserTree::Node::Unlink() {
     if (!m_Parent)
         return;
@@ -141,6 +155,9 @@ void ParserTree::Clear() {
     m_Parent = nullptr;
     m_Function = nullptr;
     m_Anchor = nullptr;
+    m_AnchorStep = {};
+    m_Floor = nullptr;
+    m_Updating = m_Pending = false;
     m_GlobalNames.RemoveAll();
 }
 
@@ -283,6 +300,8 @@ void ParserTree::OpenBlock(Node* node) {
 
 void ParserTree::CloseBlock() {
     Node* block = m_Parent;
+    if (block && block == m_Floor)
+        throw BlockIsOutside();
     SCL_ASSERT(block && block->m_Parent, "ParserTree::CloseBlock: no block is open");
     if (!block || !block->m_Parent)
         return;
@@ -309,9 +328,17 @@ void ParserTree::FinishParse() {
 
 void ParserTree::BeginUpdate() {
     m_Processor->m_Current = {nullptr, false};
-    m_Processor->m_Functions.RemoveAll();
     m_Processor->m_CurrentFunction = nullptr;
     m_Parent = m_Script ? &m_Script->m_Root : nullptr;
+}
+
+void ParserTree::ReleaseLine(Position& position) {
+    while (position.firstNode)
+        position.firstNode->Release(*this);
+    position.blockBegin = position.blockEnd = nullptr;
+    position.scope = nullptr;
+    position.line = -1;
+    position.isMarked = false;
 }
 
 void ParserTree::SortChildrenByLine(Node& node) {

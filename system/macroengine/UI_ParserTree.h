@@ -133,6 +133,8 @@ public:
 
         void AppendChild(Node* child);
         void PrependChild(Node* child);
+        /// Moves the node to the place before a sibling.
+        void MoveBefore(Node* sibling);
         void Unlink();
 
         Node* GetParent() const { return m_Parent; }
@@ -203,6 +205,8 @@ public:
         Position* blockEnd = nullptr;   // on an opening line: the line that closes it
         Node* scope = nullptr;          // where statements attach after this line
         long line = -1;                 // zero-based; -1 awaits a re-parse
+        bool isMarked = false;          // an update is going to release what stands on the line
+        bool isRemoved = false;         // an update has taken the line out
 
         static void* operator new(std::size_t size);
         static void operator delete(void* cell, std::size_t size);
@@ -221,6 +225,8 @@ public:
         int m_Explicit = 0;
         SYS_String key;                     // the normalised path
         SCL_Vector<SYS_String> m_Variables; // module variables that the unit declares
+        Position* m_ExplicitLine = nullptr; // the line that says Option Explicit
+        bool m_RestDropped = false;         // an open string has ended the text
     };
 
     /// The value slots of a node: one cell for each activation that is computing it.
@@ -335,6 +341,7 @@ public:
     struct KEL_MCR_API VarDecl {
         static constexpr Kind kKind = Kind::VarDecl;
         SYS_String name;
+        NodeImpl<Function, false>* procedure = nullptr; // that declares it; null in module code
         Step OnLeave(Node& node, MacroParser& processor);
     };
     struct Dim {
@@ -353,6 +360,7 @@ public:
         static constexpr Kind kKind = Kind::Const;
         int access = 0;
         SCL_Vector<ConstItem> items;
+        NodeImpl<Function, false>* procedure = nullptr;
         Step OnLeave(Node& node, MacroParser& processor);
     };
     struct Return {
@@ -535,13 +543,22 @@ public:
     void CloseBlock();
     /// Ends a parse of the current unit.
     void FinishParse();
+    /// Begins an edit of the current unit. The procedures stay known.
     void BeginUpdate();
+    /// Frees all nodes of a line and forgets its blocks; the record then awaits a re-parse.
+    void ReleaseLine(Position& position);
+    /// Thrown where a piece of text would close a block that stands around it.
+    struct BlockIsOutside {};
     static void SortChildrenByLine(Node& node);
 
     // State of a parse.
     Node* m_Parent = nullptr; // where the next statement attaches; null outside parsing
     NodeImpl<Function, false>* m_Function = nullptr; // the procedure being parsed
     Position* m_Anchor = nullptr;                    // where the run stood when a re-parse began
+    Step m_AnchorStep;       // the step that a re-parse which failed has left
+    Node* m_Floor = nullptr; // the block around the lines that are parsed again
+    bool m_Updating = false; // declarations are made under a run
+    bool m_Pending = false;  // lines await a re-parse
     SCC_Map<SYS_StrNoCase, LocalName> m_GlobalNames; // module names, with their constant flag
 
 private:

@@ -217,6 +217,8 @@ HRESULT Object::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* argument
     DISPPARAMS none{};
     DISPPARAMS& parameters = arguments ? *arguments : none;
     const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (parameters.cArgs > 0 && !parameters.rgvarg)
+        return E_INVALIDARG;
     if (parameters.cNamedArgs != (isPut ? 1u : 0u) ||
         (isPut && parameters.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT))
         return DISP_E_NONAMEDARGS;

@@ -8,21 +8,25 @@
 //     public:
 //         const automation::Members& GetMembers() const override {
 //             static const automation::Members members(
-//                 "Lamp", {automation::Property<&Lamp::GetLevel,
-//                 &Lamp::SetLevel>("Level").Default(),
-//                          automation::Method<&Lamp::Dim>("Dim", 0, 1)});
+//                 "Lamp",
+//                 {
+//                     automation::Property<&Lamp::GetLevel, &Lamp::SetLevel>("Level").Default(),
+//                     automation::Method<&Lamp::Dim>("Dim", 0, 1),
+//                 });
 //             return members;
 //         }
 //
 //     private:
 //         LONG GetLevel() const { return m_Level; }
 //         void SetLevel(const automation::Arguments& arguments) {
-//             if (arguments.Integer(0) < 0)
-//                 throw automation::Failure("A lamp has no level below 0");
-//             m_Level = static_cast<LONG>(arguments.Integer(0));
+//             const LONGLONG level = arguments.Integer(0);
+//             if (level < 0 || level > 100)
+//                 throw automation::Failure("A lamp has a level from 0 to 100");
+//             m_Level = static_cast<LONG>(level);
 //         }
-//         void Dim(const automation::Arguments& arguments) {
-//             m_Level /= static_cast<LONG>(arguments.Integer(0, 2));
+//         LONG Dim(const automation::Arguments& arguments) {
+//             const auto by = static_cast<LONG>(arguments.Integer(0, 10));
+//             return m_Level = m_Level > by ? m_Level - by : 0;
 //         }
 //
 //         LONG m_Level = 100;
@@ -136,6 +140,8 @@ class KEL_MCR_API Members {
 public:
     /// The names are borrowed. `className` is what failures give as their source.
     Members(const char* className, std::initializer_list<Member> members);
+    Members(const Members&) = delete;
+    Members& operator=(const Members&) = delete;
 
     const char* GetClassName() const noexcept { return m_ClassName; }
     /// Null if there is none.

@@ -51,6 +51,8 @@ DebugRun::Outcome DebugRun::Run(ScriptFile& file, bool stopAtFirst) {
     Outcome outcome;
     m_Stopped = false;
     m_Passed = nullptr;
+    m_Pending.clear();
+    m_Refused = false;
     m_Halt = Halt();
     m_Stepping.Start(stopAtFirst ? Stepping::Step : Stepping::Continue, Place(), 1);
     Interrupt::Clear();
@@ -59,7 +61,8 @@ DebugRun::Outcome DebugRun::Run(ScriptFile& file, bool stopAtFirst) {
         m_Session.GetMacro().Execute(source, SYS_String(), nullptr, 0);
         outcome.code = UI_Macro::GetReturnValue();
         const MacroSupport& engine = processor();
-        if (!m_Stopped && !engine.GetLastErrorText().IsEmpty()) // a block that is never closed
+        const bool isParsed = engine.GetExecutionMode() != MacroSupport::emStopped;
+        if (!m_Stopped && !isParsed) // a block that is never closed
             outcome.error = file.At(engine.GetLastErrorLine()) + ": " +
                             ShortErrorText(engine.GetLastErrorText());
     } catch (const MacroException& error) {
@@ -108,7 +111,7 @@ FrameInfo DebugRun::GetFrame(int frame) {
     const auto* source = dynamic_cast<DebugSource*>(m_Frames.GetSource(frame));
     const bool isModule = frame == GetFrameCount() - 1;
     ScriptFile* file = source ? &source->GetFile() : nullptr;
-    return {file, m_Frames.GetPosition(frame),
+    return {file, shownLine(file, m_Frames.GetPosition(frame)),
             isModule ? std::string() : m_Frames.GetContext(frame).c_str()};
 }
 
@@ -124,7 +127,43 @@ bool DebugRun::CanFinish(int frame) const {
            (frame == 0 && Place::CountScripts(engine.Current().node) > 0);
 }
 
-// --- Values -----------------------------------------------------------------------------------
+// The engine counts lines as they were before the changes that it does not know of.
+long DebugRun::shownLine(const ScriptFile* file, long line) const {
+    if (file != m_PendingFile)
+        return line;
+    for (const MacroParser::LineChange& change : m_Pending) {
+        if (change.kind == 0 && change.line <= line)
+            ++line;
+        else if (change.kind == 1 && change.line < line)
+            --line;
+    }
+    return line;
+}
+
+// --- Changes and values ------------------------------------------------------------------------
+
+DebugRun::Edited DebugRun::TakeOver(const ScriptFile& file,
+                                    const SCL_Vector<MacroParser::LineChange>& changes,
+                                    std::string& error) {
+    m_Pending.insert(m_Pending.end(), changes.begin(), changes.end());
+    m_PendingFile = &file;
+    if (file.outline.IsBroken()) {
+        error = file.At(file.outline.GetErrorLine()) + ": " + file.outline.GetError();
+        return Edited::Broken;
+    }
+    const SCL_Vector<MacroParser::LineChange> all = std::exchange(m_Pending, {});
+    m_Refused = false;
+    try {
+        if (processor().Reparse(all))
+            return Edited::Done;
+    } catch (const MacroException& failure) {
+        m_Refused = true;
+        error = ShortErrorText(failure.GetText());
+        return Edited::Broken;
+    }
+    Stop();
+    return Edited::Ended;
+}
 
 // In parentheses a text can be nothing but an expression: `a = 1` compares.
 DebugRun::Evaluated DebugRun::Evaluate(const std::string& expression, bool pure) {
@@ -167,7 +206,9 @@ bool DebugRun::OnStatement(const ScriptFile& file, long line) {
     if (m_Halted)
         return false; // the engine tells of a failed statement that has halted already
     const ParserTree::Node* passed = std::exchange(m_Passed, nullptr);
-    if (m_Breakpoints.IsEmpty() && !m_Stepping.IsActive() && !Interrupt::IsAsked())
+    const bool mayHalt =
+        m_Stepping.IsActive() || Interrupt::IsAsked() || m_Breakpoints.Find(file, line);
+    if (!mayHalt)
         return false;
     const Place here = placeAt(file, line);
     return here.node != passed && haltsAt(here);

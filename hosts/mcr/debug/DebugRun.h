@@ -18,8 +18,8 @@ struct Halt {
 
 /// One open frame; 0 is the innermost.
 struct FrameInfo {
-    ScriptFile* file; ///< null if the text is not one of the debugger's
-    long line;        ///< from 0; below 0 if nothing of it has run
+    ScriptFile* file = nullptr; ///< null if the text is not one of the debugger's
+    long line = -1;             ///< from 0; below 0 if nothing of it has run
     std::string procedure;
     std::string Describe() const; ///< "PROCEDURE at FILE:LINE"
 };
@@ -52,6 +52,14 @@ public:
     int GetFrameCount();
     FrameInfo GetFrame(int frame);
 
+    /// What became of a changed line. A run cannot go on while its text is broken.
+    enum class Edited { Done, Broken, Ended };
+    /// Takes over lines that have been changed in the text of the file in which the run stands.
+    /// While the text does not parse as a whole, changes are kept back.
+    Edited TakeOver(const ScriptFile& file, const SCL_Vector<MacroParser::LineChange>& changes,
+                    std::string& error);
+    bool IsTextBroken() const { return m_Refused || !m_Pending.empty(); }
+
     /// A value, or what is wrong.
     struct Evaluated {
         UI_MacroVariant value;
@@ -75,6 +83,7 @@ private:
     bool haltsAt(const Place& here);
     bool halt(Halt halt);
     Evaluated evaluate(const std::string& text, bool pure);
+    long shownLine(const ScriptFile* file, long line) const;
 
     Session& m_Session;
     ScriptFiles& m_Files;
@@ -90,4 +99,7 @@ private:
     bool m_Stopped = false;
     const ParserTree::Node* m_Passed = nullptr; // the statement at which the run goes on
     bool m_Evaluating = false;
+    SCL_Vector<MacroParser::LineChange> m_Pending; // not told to the engine yet
+    const ScriptFile* m_PendingFile = nullptr;
+    bool m_Refused = false; // the engine could not take over what it was told
 };

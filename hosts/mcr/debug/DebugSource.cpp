@@ -10,7 +10,7 @@ int DebugSource::GetNextLine(SYS_String& line, bool) {
     if (m_Given)
         return 0;
     m_Given = true;
-    line = SYS_String(m_File.text.Join());
+    line = SYS_String(m_File.text.JoinForEngine());
     return 1;
 }
 

@@ -41,10 +41,12 @@ int Debugger::Main(const std::string& path) {
 void Debugger::runOnce() {
     m_Starting = false;
     m_ToldPlace.clear();
+    Console::Flush(); // the macro may write in other ways, too
     const DebugRun::Outcome outcome = m_Run.Run(*m_Main, m_StopsAtFirst);
     m_Code = outcome.code;
+    m_Repeated.clear(); // an empty line too many must not start the macro again
     m_Frame = 0;
-    m_ListFrom = -1;
+    m_NextList = Target();
     if (!outcome.error.empty())
         say(outcome.error + "\n");
     else if (!outcome.wasStopped && outcome.code != ExitDone)
@@ -78,6 +80,7 @@ void Debugger::onHalt(const Halt& halt) {
     showWatches();
     while (m_Run.IsHalted())
         readCommand();
+    Console::Flush();
 }
 
 // --- Commands ----------------------------------------------------------------------------------
@@ -93,21 +96,15 @@ void Debugger::readCommand() {
 }
 
 void Debugger::perform(const std::string& line) {
-    CommandLine words(line);
-    std::string name = words.TakeWord();
-    if (name.empty()) {
-        if (m_Repeated.empty())
-            return;
-        words = CommandLine(m_Repeated);
-        name = words.TakeWord();
-    }
-    const Command* command = findCommand(name);
+    const std::string given = Trimmed(line).empty() ? m_Repeated : line;
+    CommandLine words(given);
+    if (words.IsEmpty())
+        return;
+    const Command* command = findCommand(words.TakeWord());
     if (!command)
         return;
-    m_Repeated = !command->isRepeated                ? ""
-                 : command->run == &Debugger::doList ? "list"
-                 : words.IsEmpty()                   ? command->name
-                                                     : line;
+    const bool goesOn = command->run == &Debugger::doList; // behind what has been listed
+    m_Repeated = !command->isRepeated ? "" : goesOn ? command->name : given;
     (this->*command->run)(words.GetRest());
 }
 
@@ -220,6 +217,9 @@ void Debugger::go(Stepping::Kind kind, const std::string& arguments) {
     if (!m_Run.IsHalted()) {
         m_Starting = true;
         m_StopsAtFirst = true;
+    } else if (m_Run.IsTextBroken()) {
+        say("The edited text does not parse yet, and the macro cannot go on.\n");
+        tellBroken(currentFile());
     } else {
         m_Run.GoOn(kind, count, kind == Stepping::Finish ? m_Frame : 0);
     }

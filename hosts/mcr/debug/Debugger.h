@@ -31,6 +31,7 @@ private:
     struct Target {
         ScriptFile* file = nullptr; // null: nothing was found, which has been told
         long line = 0;              // from 0
+        bool isMiddle = false;      // of what is to be listed
     };
     struct WatchedExpression {
         int number;
@@ -77,6 +78,7 @@ private:
     bool isHalted(bool tell);
     void selectFrame(int frame);
     void showSourceLine(const FrameInfo& frame) const;
+    void listLines(ScriptFile& file, long first, long end);
     void showWatches();
     void showBreakpoints() const;
     void showValue(const std::string& name, const DebugRun::Evaluated& result);
@@ -85,7 +87,8 @@ private:
     ScriptFile& currentFile();
     Target findTarget(const std::string& text);
     ScriptFile* findFile(const std::string& name);
-    bool changeLine(int kind, long line, const std::string& text);
+    bool mayEdit(long first, long last);
+    void takeOver(const SCL_Vector<MacroParser::LineChange>& changes);
     void tellBroken(const ScriptFile& file) const;
 
     Session m_Session;
@@ -105,6 +108,6 @@ private:
 
     // Per halt.
     int m_Frame = 0;
-    long m_ListFrom = -1;    // where the next list begins; below 0: around the current line
+    Target m_NextList;       // where the next list begins; no file: around the current line
     std::string m_ToldPlace; // file, procedure and depth, told when they change
 };

@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "Debugger.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -21,7 +22,7 @@ ScriptFile* Debugger::findFile(const std::string& name) {
 
 // LINE, FILE:LINE, PROC or FILE:PROC.
 Debugger::Target Debugger::findTarget(const std::string& text) {
-    Target target{&currentFile(), 0};
+    Target target{&currentFile()};
     std::string place = text;
     const std::size_t colon = text.rfind(':');
     if (colon != std::string::npos) {
@@ -41,15 +42,13 @@ Debugger::Target Debugger::findTarget(const std::string& text) {
         }
         return target;
     }
-    const Outline::Procedure* procedure = target.file->outline.FindProcedure(place);
-    if (!procedure && colon == std::string::npos) {
-        target.file = m_Main;
-        procedure = m_Main->outline.FindProcedure(place);
-    }
-    if (procedure) {
-        target.line = procedure->firstStatement;
-        return target;
-    }
+    std::vector<ScriptFile*> candidates = {target.file};
+    if (colon == std::string::npos)
+        for (const auto& file : m_Files.GetAll())
+            candidates.push_back(file.get());
+    for (ScriptFile* file : candidates)
+        if (const Outline::Procedure* procedure = file->outline.FindProcedure(place))
+            return {file, procedure->firstStatement, true};
     say("There is no procedure \"" + place + "\".\n");
     target.file = nullptr;
     return target;
@@ -117,19 +116,25 @@ bool takeLine(const std::string& arguments, long& line, std::string& text) {
 void Debugger::doEdit(const std::string& arguments) {
     long line = 0;
     std::string text;
-    if (!takeLine(arguments, line, text))
+    if (!takeLine(arguments, line, text)) {
         say("edit needs LINE TEXT.\n");
-    else
-        changeLine(2, line, text);
+    } else if (mayEdit(line, line)) {
+        currentFile().text.SetLine(static_cast<int>(line), text);
+        takeOver({{2, static_cast<int>(line)}});
+    }
 }
 
 void Debugger::doInsert(const std::string& arguments) {
     long line = 0;
     std::string text;
-    if (!takeLine(arguments, line, text))
+    if (!takeLine(arguments, line, text)) {
         say("insert needs LINE TEXT.\n");
-    else
-        changeLine(0, line, text);
+    } else if (mayEdit(line, line - 1)) { // also behind the last one
+        ScriptFile& file = currentFile();
+        file.text.InsertLine(static_cast<int>(line), text);
+        m_Breakpoints.OnInserted(file, line);
+        takeOver({{0, static_cast<int>(line)}});
+    }
 }
 
 void Debugger::doRemove(const std::string& arguments) {
@@ -142,38 +147,57 @@ void Debugger::doRemove(const std::string& arguments) {
         say("remove needs LINE [LAST].\n");
         return;
     }
-    for (int count = std::max(last - first, 0) + 1; count > 0; --count)
-        if (!changeLine(1, first - 1, ""))
-            return;
+    last = std::max(first, last);
+    if (!mayEdit(first - 1, last - 1))
+        return;
+    ScriptFile& file = currentFile();
+    SCL_Vector<MacroParser::LineChange> changes;
+    for (int count = last - first + 1; count > 0; --count) {
+        file.text.RemoveLine(first - 1);
+        m_Breakpoints.OnRemoved(file, first - 1);
+        changes.push_back({1, first - 1});
+    }
+    takeOver(changes);
 }
 
-// Carries one change through text, breakpoints and run; `kind` is that of the engine's changes.
-bool Debugger::changeLine(int kind, long line, const std::string& text) {
+// Whether lines can be changed: the last one must be there, and a run takes changes of the file in
+// which it stands only.
+bool Debugger::mayEdit(long first, long last) {
+    const ScriptFile& file = currentFile();
+    if (last >= file.text.GetCount()) {
+        say(file.shown + " has no line " + std::to_string(std::max(first, last) + 1) + ".\n");
+        return false;
+    }
+    if (!m_Run.IsHalted() || m_Run.GetFrame(0).file == &file)
+        return true;
+    say("Only the file in which the macro stands can be edited while it is paused.\n");
+    return false;
+}
+
+// Carries changes of the text on to the breakpoints and the run.
+void Debugger::takeOver(const SCL_Vector<MacroParser::LineChange>& changes) {
     ScriptFile& file = currentFile();
-    const bool atEnd = kind == 0 && line == file.text.GetCount();
-    if (!atEnd && !file.text.HasLine(line)) {
-        say(file.shown + " has no line " + std::to_string(line + 1) + ".\n");
-        return false;
-    }
-    if (m_Run.IsHalted()) {
-        say("The text cannot be edited while the macro is paused.\n");
-        return false;
-    }
-    const int number = static_cast<int>(line);
-    if (kind == 0) {
-        file.text.InsertLine(number, text);
-        m_Breakpoints.OnInserted(file, line);
-    } else if (kind == 1) {
-        file.text.RemoveLine(number);
-        m_Breakpoints.OnRemoved(file, line);
-    } else {
-        file.text.SetLine(number, text);
-    }
     m_Files.Refresh(file);
     if (!file.outline.IsBroken())
         say(m_Breakpoints.Settle(file));
-    tellBroken(file);
-    return true;
+    if (!m_Run.IsHalted()) {
+        tellBroken(file);
+        return;
+    }
+    const long before = m_Run.GetFrame(0).line;
+    std::string error;
+    switch (m_Run.TakeOver(file, changes, error)) {
+    case DebugRun::Edited::Done:
+        if (m_Run.GetFrame(0).line != before)
+            showSourceLine(m_Run.GetFrame(0));
+        break;
+    case DebugRun::Edited::Broken:
+        say(error + "\n");
+        break;
+    case DebugRun::Edited::Ended:
+        say("This changes what is running too much; the macro has been stopped.\n");
+        break;
+    }
 }
 
 void Debugger::doSave(const std::string& arguments) {

@@ -46,7 +46,7 @@ void Debugger::doWhere(const std::string&) {
 
 void Debugger::selectFrame(int frame) {
     m_Frame = frame;
-    m_ListFrom = -1;
+    m_NextList = Target();
 }
 
 void Debugger::doFrame(const std::string& arguments) {
@@ -82,8 +82,7 @@ void Debugger::showSourceLine(const FrameInfo& frame) const {
 }
 
 void Debugger::doList(const std::string& arguments) {
-    Target target{&currentFile(), std::max(m_ListFrom, 0L)};
-    const long current = m_Run.IsHalted() ? m_Run.GetFrame(m_Frame).line : -1;
+    Target target = m_NextList;
     int last = 0;
     if (!arguments.empty()) {
         const std::size_t comma = arguments.find(',');
@@ -95,18 +94,24 @@ void Debugger::doList(const std::string& arguments) {
             say("\"" + arguments + "\" is no range of lines.\n");
             return;
         }
-    } else if (m_ListFrom < 0 && current >= 0) {
-        target.line = std::max(current - kListLines / 2, 0L);
+    } else if (!target.file) {
+        const long current = m_Run.IsHalted() ? m_Run.GetFrame(m_Frame).line : 0;
+        target = {&currentFile(), current, true};
     }
-    const ScriptText& text = target.file->text;
-    const long end = std::min<long>(last > 0 ? last : target.line + kListLines, text.GetCount());
-    if (target.line >= end)
-        say(target.file->shown + " has " + std::to_string(text.GetCount()) + " lines.\n");
-    const bool standsHere = target.file == &currentFile();
-    for (long line = target.line; line < end; ++line)
-        say(sourceLine(*target.file, line, standsHere && line == current,
-                       m_Breakpoints.Find(*target.file, line) != nullptr));
-    m_ListFrom = end;
+    if (target.isMiddle) // something in front of it is to be seen as well
+        target.line = std::max(target.line - kListLines / 2, 0L);
+    listLines(*target.file, target.line, last > 0 ? last : target.line + kListLines);
+}
+
+void Debugger::listLines(ScriptFile& file, long first, long end) {
+    end = std::min<long>(end, file.text.GetCount());
+    if (first >= end)
+        say(file.shown + " ends with line " + std::to_string(file.text.GetCount()) + ".\n");
+    const FrameInfo frame = m_Run.IsHalted() ? m_Run.GetFrame(m_Frame) : FrameInfo{};
+    for (long line = first; line < end; ++line)
+        say(sourceLine(file, line, frame.file == &file && frame.line == line,
+                       m_Breakpoints.Find(file, line) != nullptr));
+    m_NextList = {&file, end};
 }
 
 // --- Values ------------------------------------------------------------------------------------

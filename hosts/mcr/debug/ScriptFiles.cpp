@@ -58,13 +58,13 @@ ScriptFile* ScriptFiles::Find(const std::string& name) const {
 }
 
 void ScriptFiles::Refresh(ScriptFile& file) {
-    file.outline = Outline(file.text.Join(), file.path, m_Trace);
+    file.outline = Outline(file.text.JoinForEngine(), file.path, m_Trace);
 }
 
 bool ScriptFiles::Save(ScriptFile& file, const std::string& path) {
     errno = 0;
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << file.text.Join();
+    out << file.text.JoinForFile();
     out.close();
     if (!out)
         return false;

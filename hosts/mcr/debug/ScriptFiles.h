@@ -27,6 +27,7 @@ public:
     ScriptFile* Open(const std::string& path);
     /// A file known by that path, or by the end of it.
     ScriptFile* Find(const std::string& name) const;
+    const std::vector<std::unique_ptr<ScriptFile>>& GetAll() const { return m_Files; }
     /// Parses the text again after a change.
     void Refresh(ScriptFile& file);
     /// Writes the text. False, with errno, if that failed.

@@ -1,9 +1,42 @@
 #include "ScriptText.h"
 
 #include <algorithm>
+#include <cctype>
+
+namespace {
+
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
+
+std::string unchanged(const std::string& line) { return line; }
+
+bool isWordCharacter(char character) {
+    return std::isalnum(static_cast<unsigned char>(character)) || character == '_';
+}
+
+std::string withQuoteForRem(const std::string& line) {
+    for (std::size_t i = 0; i < line.size() && line[i] != '\'';) {
+        std::size_t end = i + 1;
+        if (line[i] == '"') {
+            end = std::min(line.find('"', end), line.size() - 1) + 1;
+        } else if (isWordCharacter(line[i])) {
+            while (end < line.size() && isWordCharacter(line[end]))
+                ++end;
+            const bool isRem = end - i == 3 && std::tolower(line[i]) == 'r' &&
+                               std::tolower(line[i + 1]) == 'e' && std::tolower(line[i + 2]) == 'm';
+            if (isRem)
+                return line.substr(0, i) + "'" + line.substr(end);
+        }
+        i = end;
+    }
+    return line;
+}
+
+} // namespace
 
 ScriptText::ScriptText(const std::string& text) {
-    for (std::size_t start = 0; start < text.size();) {
+    if (text.starts_with(kByteOrderMark))
+        m_Mark = kByteOrderMark;
+    for (std::size_t start = m_Mark.size(); start < text.size();) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
         m_Lines.push_back(text.substr(start, end - start));
         m_EndsOpen = end == text.size();
@@ -40,10 +73,14 @@ void ScriptText::RemoveLine(int line) {
     m_Changed = true;
 }
 
-std::string ScriptText::Join() const {
+std::string ScriptText::Join() const { return join(&unchanged); }
+
+std::string ScriptText::JoinForEngine() const { return join(&withQuoteForRem); }
+
+std::string ScriptText::join(std::string (*convert)(const std::string& line)) const {
     std::string text;
     for (const std::string& line : m_Lines)
-        text += line + m_LineEnd;
+        text += convert(line) + m_LineEnd;
     if (m_EndsOpen && !m_Lines.empty())
         text.resize(text.size() - m_LineEnd.size());
     return text;

@@ -23,9 +23,17 @@ public:
     void SetUnchanged() { m_Changed = false; }
     /// The whole text, each line with the end that the text had.
     std::string Join() const;
+    /// The same for the engine, which counts a line twice that a rem comment ends: such a comment
+    /// begins with a quote here, so that its line numbers are those of the text.
+    std::string JoinForEngine() const;
+    /// The same as it stands in a file, behind the byte order mark if there was one.
+    std::string JoinForFile() const { return m_Mark + Join(); }
 
 private:
+    std::string join(std::string (*convert)(const std::string& line)) const;
+
     std::vector<std::string> m_Lines;
+    std::string m_Mark;
     std::string m_LineEnd = "\n";
     bool m_EndsOpen = false; // the last line has no end
     bool m_Changed = false;

@@ -269,10 +269,10 @@ void ParserTree::With::OnAbandon(Node&, MacroParser& processor) {
 }
 
 void ParserTree::With::OnChanged(Node& node, MacroParser& processor) {
-    ExecutionContext* frame = processor.GetFrames().Top();
-    for (ContextBlock* block = frame ? frame->m_TopBlock : nullptr; block; block = block->below)
-        if (block->kind == ContextBlock::kWith && block->node == &node)
-            return;
+    for (ExecutionContext* frame = processor.GetFrames().Top(); frame; frame = frame->m_Below)
+        for (ContextBlock* block = frame->m_TopBlock; block; block = block->below)
+            if (block->kind == ContextBlock::kWith && block->node == &node)
+                return;
     processor.OnError("With context is broken");
 }
 

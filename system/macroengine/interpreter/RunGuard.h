@@ -28,8 +28,18 @@ public:
     /// The walk came to its end; what follows is no failure.
     void SetDone() { m_Done = true; }
 
+    /// The guard of the run around this one, and the node at which that run stands.
+    const RunGuard* GetOuter() const { return m_Outer; }
+    const ParserTree::Node* GetNode() const { return m_Node; }
+    /// Whether the tree is still the one of the entry; after an edit that failed it is not.
+    bool IsSameTree() const { return &m_Processor.GetTree() == m_Tree; }
+
 private:
     MacroParser& m_Processor;
+    RunGuard* m_Outer;
+    const ParserTree* m_Tree;
+    const ParserTree::Node* m_Node;
+    bool m_BetweenSteps;
     ParserTree::NodeImpl<ParserTree::Function, false>* m_Function;
     ParserTree::ScriptUnit* m_Unit;
     int m_Frames;

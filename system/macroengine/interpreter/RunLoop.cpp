@@ -77,14 +77,15 @@ UI_MacroVariant MacroParser::Call(const SYS_String& function, UI_MacroVariant* a
         ParserTree::Step step;
         ExecutionMode mode;
         bool changeMode;
+        const ParserTree* tree;
         ~Saved() {
             if (processor.m_ExecutionMode == emStopped)
                 return;
-            processor.m_Current = step;
+            processor.m_Current = processor.m_Tree.Get() == tree ? step : ParserTree::Step{};
             if (changeMode)
                 processor.m_ExecutionMode = mode;
         }
-    } saved{*this, m_Current, m_ExecutionMode, !IsExecuting()};
+    } saved{*this, m_Current, m_ExecutionMode, !IsExecuting(), m_Tree.Get()};
     RunGuard guard(*this);
     ParserTree::NodeImpl<ParserTree::Object, false> object;
     ParserTree::NodeImpl<ParserTree::ObjectExec, false> call;
@@ -132,6 +133,7 @@ void MacroParser::ExecutionStep() {
 void MacroParser::runInMode() {
     if (IsExecuting() && !IsInEvaluation())
         m_LastExecuting = m_ExecutionMode;
+    m_BetweenSteps = false;
     bool byOwnRule = false;
     switch (m_ExecutionMode) {
     case emRun:
@@ -142,6 +144,7 @@ void MacroParser::runInMode() {
         m_Current = {nullptr, false};
         return;
     case emPaused:
+        m_BetweenSteps = true;
         pausedTurn();
         return;
     case emStepInto:
@@ -158,6 +161,7 @@ void MacroParser::runInMode() {
         RunFast();
         return;
     }
+    m_BetweenSteps = true;
     if (byOwnRule && m_Current.node)
         SetExecutionMode(emPaused);
 }
@@ -174,6 +178,7 @@ void MacroParser::pausedTurn() {
 }
 
 bool MacroParser::stopOnError(MacroException& error) {
+    m_BetweenSteps = true;
     if (!m_Current.node || !m_Source || !m_Source->BreakOnError(error))
         return false;
     if (!m_Current.node)
@@ -207,13 +212,17 @@ bool MacroParser::CheckBreak(const ParserTree::Step& step) {
     if (step.ascending)
         return false;
     const ExecutionMode mode = m_ExecutionMode;
+    const unsigned edits = m_Edits; // the step may be gone after an edit
+    m_BetweenSteps = true;
     if (s_HasStatementHook) {
         callStatementHook(line);
-        if (m_ExecutionMode != mode)
+        if (m_ExecutionMode != mode || m_Edits != edits)
             return true;
     }
     const SCL_Pointer<MacroSource> keep(m_Source); // the answer may be to let go of it
-    return keep->IsBreakPoint(line) || m_ExecutionMode != mode;
+    const bool stops = keep->IsBreakPoint(line);
+    m_BetweenSteps = false;
+    return stops || m_ExecutionMode != mode || m_Edits != edits;
 }
 
 /// Carries out the current step. False if the loop of `mode` must end.

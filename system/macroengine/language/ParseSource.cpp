@@ -4,55 +4,13 @@
 #include <SCL_Path.h>
 #include <UI_MacroProcessor.h>
 
-#include <utility>
-
 #include "engine/Frames.h"
 #include "interpreter/RunGuard.h"
 #include "interpreter/WithinMemory.h"
+#include "language/ParseState.h"
 #include "language/Scanner.h"
 #include "language/Tokens.h"
 #include "language/TreeBuilder.h"
-
-namespace {
-
-/// Parsing turns names of lines and errors to the scanner; nested parses end inside out.
-class ParsingFlag {
-public:
-    explicit ParsingFlag(bool& flag) : m_Flag(flag), m_Old(std::exchange(flag, true)) {}
-    ~ParsingFlag() { m_Flag = m_Old; }
-    ParsingFlag(const ParsingFlag&) = delete;
-    ParsingFlag& operator=(const ParsingFlag&) = delete;
-
-private:
-    bool& m_Flag;
-    bool m_Old;
-};
-
-} // namespace
-
-/// Where a parse stands in the tree and the text, put aside while another unit is parsed.
-class ParseState {
-public:
-    ParseState(ParserTree& tree, MacroScanner& scanner, bool keepsForm)
-        : m_Tree(tree), m_Scanner(scanner), m_Parent(tree.m_Parent), m_Function(tree.m_Function) {
-        m_Scan.expressionForm = keepsForm && scanner.GetState().expressionForm;
-        m_Scanner.SwapState(m_Scan);
-    }
-    ~ParseState() {
-        m_Tree.m_Parent = m_Parent;
-        m_Tree.m_Function = m_Function;
-        m_Scanner.SwapState(m_Scan);
-    }
-    ParseState(const ParseState&) = delete;
-    ParseState& operator=(const ParseState&) = delete;
-
-private:
-    ParserTree& m_Tree;
-    MacroScanner& m_Scanner;
-    ParserTree::Node* m_Parent;
-    ParserTree::NodeImpl<ParserTree::Function, false>* m_Function;
-    MacroScanner::State m_Scan;
-};
 
 bool MacroParser::Parse() {
     if (!m_Source)
@@ -118,6 +76,7 @@ bool MacroParser::ParseAll() {
         isComplete = !m_StopPending && m_Tree->m_Parent == &unit->m_Root;
         if (isComplete) {
             m_Tree->FinishParse();
+            unit->m_RestDropped = m_Scanner->GetState().stringIsOpen;
             source->SetPosition(0);
             source->SetNextPosition(-1);
         } else if (!m_StopPending) {
@@ -167,7 +126,7 @@ void MacroParser::ParseText(SYS_String& text, bool continues) {
     MacroScanner::State& scan = m_Scanner->GetState();
     scan.continuesText = continues;
     scan.movesSource = !continues && m_Source->LineByLine();
-    scan.restDropped = false;
+    scan.restDropped = scan.stringIsOpen = false;
     const char* cursor = text.c_str();
     m_Scanner->SetText(&cursor);
     scan.text = &text;
@@ -217,7 +176,7 @@ int MacroParser::NextToken() {
         m_Scanner->GetState().lastToken = token;
     }
     if (token < 0)
-        scan.restDropped = true;
+        scan.restDropped = scan.stringIsOpen = true;
     return token;
 }
 
@@ -256,8 +215,13 @@ void MacroParser::Declare(const SYS_String& name, bool isConstant) {
     if (!CheckName(name))
         return;
     const SYS_StrNoCase key(name);
+    const MacroName* const interned = MacroName::Intern(name.View());
     if (m_Tree->m_Function) {
         m_Tree->m_Function->locals.Install(key, {isConstant});
+        if (m_Tree->m_Updating && !isConstant)
+            for (ExecutionContext* f = m_ContextStack->Top(); f; f = f->m_Below)
+                if (f->m_Function == m_Tree->m_Function)
+                    f->m_Variables.FindOrMake(interned);
         return;
     }
     m_Tree->m_GlobalNames.Install(key, {isConstant});
@@ -265,7 +229,8 @@ void MacroParser::Declare(const SYS_String& name, bool isConstant) {
         return;
     m_Tree->GetCurrentUnit()->m_Variables.push_back(name);
     // During an edit of a paused macro the top frame may be a procedure's.
-    ExecutionContext* module = m_Tree->m_Anchor ? m_ContextStack->Bottom() : m_ContextStack->Top();
+    ExecutionContext* module =
+        m_Tree->m_Updating ? m_ContextStack->Bottom() : m_ContextStack->Top();
     if (module)
-        module->m_Variables.FindOrMake(MacroName::Intern(name.View()));
+        module->m_Variables.FindOrMake(interned);
 }

@@ -34,7 +34,8 @@ public:
         SYS_String commentText;
         char commentLeader = 0;
         bool afterDot = false;
-        bool restDropped = false;    // an unterminated string ended the text
+        bool restDropped = false;    // nothing more is read
+        bool stringIsOpen = false;   // a string without its end is why
         bool continuesText = false;  // more lines come from the source
         bool movesSource = false;    // the lines of the text are lines of the source
         bool expressionForm = false; // the text is the value of `LET name =`

@@ -99,9 +99,15 @@ void TreeBuilder::Call(const MacroToken& object) {
 void TreeBuilder::Option(const MacroToken& name) {
     if (m_Processor.IsInEvaluation() || name.entry->text.CompareNoCase("explicit") != 0)
         fail(errSyntax);
-    if (tree().m_Parent->GetFirstChild())
-        fail("Expected statement");
+    // While lines are parsed again, statements behind this one are there already.
+    const long line = m_Processor.GetParsePosition();
+    for (const Node* child = tree().m_Parent->GetFirstChild(); child;
+         child = child->GetNextSibling())
+        if (!tree().m_Updating || child->GetLine() <= line)
+            fail("Expected statement");
     m_Processor.getOptions().explicitDeclarations = 1;
+    if (auto* unit = tree().GetCurrentUnit())
+        unit->m_ExplicitLine = tree().GetOrCreatePosition(nullptr, line);
 }
 
 void TreeBuilder::Let(const MacroToken& target, const MacroToken& value) {

@@ -59,16 +59,18 @@ void TreeBuilder::CloseDim() {
 
 void TreeBuilder::Variable(const MacroToken& name) {
     auto* node = makeValue<ParserTree::VarDecl>();
-    node->name = name.entry->text;
-    m_Processor.Declare(node->name, false);
+    node->procedure = tree().m_Function;
+    m_Processor.Declare(name.entry->text, false);
+    node->name = name.entry->text; // only now: releasing the node takes the declaration back
 }
 
 void TreeBuilder::Array(const MacroToken& name, const MacroToken& subscripts) {
     auto* node = makeValue<ParserTree::VarDecl>();
-    node->name = name.entry->text;
+    node->procedure = tree().m_Function;
     node->AppendChild(operand(subscripts));
     tree().m_Parent->AppendChild(node);
-    m_Processor.Declare(node->name, false);
+    m_Processor.Declare(name.entry->text, false);
+    node->name = name.entry->text;
 }
 
 MacroToken TreeBuilder::Redeclaration(const MacroToken& name, const MacroToken& subscripts) {
@@ -116,6 +118,7 @@ MacroToken TreeBuilder::Subscript(const MacroToken& lower, const MacroToken& upp
 void TreeBuilder::OpenConst(int access) {
     auto* node = makeStatement<ParserTree::Const>();
     node->access = access;
+    node->procedure = tree().m_Function;
     tree().OpenBlock(node);
 }
 

@@ -85,3 +85,5 @@ const MacroUnit* FindMacroUnit(std::string_view suffix) {
     }
     return nullptr;
 }
+
+std::span<const MacroUnit> GetMacroUnits() { return kUnits; }

@@ -2,6 +2,7 @@
 
 // Words with a fixed meaning: keywords, and the constants that the scanner turns into literals.
 
+#include <span>
 #include <string_view>
 
 /// What a fixed word stands for.
@@ -23,3 +24,5 @@ struct MacroUnit {
 
 /// The unit of that suffix, or null.
 const MacroUnit* FindMacroUnit(std::string_view suffix);
+/// All units.
+std::span<const MacroUnit> GetMacroUnits();

@@ -89,14 +89,15 @@ MacroPlaybackResult MacroParser::runDialogBlock(WithNode& with, ParserTree::Step
         MacroParser& processor;
         WithNode& with;
         ParserTree::Step step;
+        const ParserTree* tree;
         MacroPlaybackResult result;
         ~Entry() {
             --with.nestedRuns;
             if (processor.m_ExecutionMode != emStopped)
-                processor.m_Current = step;
+                processor.m_Current = processor.m_Tree.Get() == tree ? step : ParserTree::Step{};
             processor.m_ResultCode = result; // of the dialog around this one
         }
-    } entry{*this, with, m_Current, m_ResultCode};
+    } entry{*this, with, m_Current, m_Tree.Get(), m_ResultCode};
     const int frames = m_ContextStack->GetCount();
     const int blocks = m_ContextStack->Top()->GetBlockDepth();
     m_ResultCode = pbBlockDone;

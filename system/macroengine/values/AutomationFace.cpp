@@ -196,6 +196,8 @@ HRESULT Face::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
     const DISPPARAMS none{};
     const DISPPARAMS& parameters = arguments ? *arguments : none;
     const UINT isPut = (flags & puts) != 0 ? 1 : 0;
+    if (parameters.cArgs > 0 && !parameters.rgvarg)
+        return E_INVALIDARG;
     if (parameters.cNamedArgs != isPut || parameters.cArgs < isPut)
         return DISP_E_NONAMEDARGS;
     MacroEval* object = GetObject();

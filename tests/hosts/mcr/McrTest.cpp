@@ -52,7 +52,8 @@ TEST_F(Mcr, TellsItsVersionAndItsCommands) {
 
     const ProgramResult help = mcr({"--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* command : {"run", "check", "eval", "tree", "tokens", "highlight", "outline"})
+    for (const char* command :
+         {"run", "check", "eval", "tree", "tokens", "highlight", "outline", "debug"})
         EXPECT_NE(help.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
 }
 
@@ -69,7 +70,10 @@ TEST_F(Mcr, RefusesWrongUsageWithStatus2) {
                                               {"run", m_Folder / "none.mcr"},
                                               {"check", m_Folder / "none.mcr"},
                                               {"tree", m_Folder / "none.mcr"},
-                                              {"run", m_Folder}};
+                                              {"run", m_Folder},
+                                              {"debug"},
+                                              {"debug", m_Folder / "none.mcr"},
+                                              {"debug", m_Folder}};
     for (const auto& arguments : cases) {
         const ProgramResult result = mcr(arguments);
         EXPECT_EQ(result.status, 2) << testing::PrintToString(arguments);
@@ -195,14 +199,80 @@ TEST_F(Mcr, ShowsTheOpenFramesOfAnError) {
                                                  " Call inner\n"
                                                  "End Sub\n"
                                                  "Sub inner()\n"
-                                                 " x = 1 \\ 0\n"
+                                                 " If False Then\n"
+                                                 " ElseIf 1 \\ 0 Then\n"
+                                                 " End If\n"
                                                  "End Sub\n");
     const ProgramResult result = mcr({"run", path});
     EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(result.err.starts_with(path + ":6: ")) << result.err;
-    EXPECT_NE(result.err.find("\n  at " + path + ":6 in inner\n  at " + path + ":3 in outer\n"),
+    EXPECT_TRUE(result.err.starts_with(path + ":7: ")) << result.err;
+    EXPECT_NE(result.err.find("\n  at " + path + ":7 in inner\n  at " + path + ":3 in outer\n"),
               std::string::npos)
         << result.err;
+}
+
+// --- The debugger, where written sessions do not reach -------------------------------------------
+
+TEST_F(Mcr, PausesADebuggedRunOnInterrupt) {
+    const std::string path = write("endless.mcr", kEndless);
+    ProgramInput input;
+    input.text = "run\nprint x > 0\nquit\n";
+    input.interruptAfter = milliseconds(500);
+    const ProgramResult result = mcr({"debug", path}, input);
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.out.find("started\nInterrupted, module level at " + path + ":"),
+              std::string::npos)
+        << result.out;
+    EXPECT_NE(result.out.find("x > 0 = True\n"), std::string::npos) << result.out;
+}
+
+TEST_F(Mcr, EndsAnEndlessEvaluationOnInterrupt) {
+    const std::string path = write("calls.mcr", "Function hang()\n Do\n  x = x + 1\n Loop\n"
+                                                "End Function\ny = 2\n");
+    ProgramInput input;
+    input.text = "step\nprint hang()\nnext\nquit\n";
+    input.interruptAfter = milliseconds(500);
+    const ProgramResult result = mcr({"debug", path}, input);
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_NE(result.out.find("hang(): Interrupted\n(mcr) next\nThe macro has ended.\n"),
+              std::string::npos)
+        << result.out;
+}
+
+TEST_F(Mcr, SharesStandardInputWithADebuggedMacro) {
+    const std::string path = write("ask.mcr", "Console.Write \"? \"\na = Console.ReadLine()\n"
+                                              "b = 1\n");
+    ProgramInput input;
+    input.text = "break 3\nrun\nan answer\nprint a\nquit\n";
+    const ProgramResult result = mcr({"debug", path, "argument"}, input);
+    EXPECT_NE(result.out.find("? \nBreakpoint 1, "), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("a = \"an answer\"\n"), std::string::npos) << result.out;
+    EXPECT_EQ(result.status, 0);
+}
+
+TEST_F(Mcr, SavesEditedTextInTheFormOfTheFile) {
+    const std::string path = write("form.mcr", "\xEF\xBB\xBFx = 1\r\n\r\ny = 2");
+    ProgramInput input;
+    input.text = "edit 1 x = 3\ninsert 4 z = x + y\nstep\nremove 2\nsave\nquit\n";
+    const ProgramResult result = mcr({"debug", path}, input);
+    EXPECT_EQ(ReadWholeFile(path), "\xEF\xBB\xBFx = 3\r\ny = 2\r\nz = x + y\r\n") << result.out;
+    EXPECT_EQ(result.status, 0);
+}
+
+// The commands of a terminal can be edited and recalled: the second line is the first one again.
+TEST_F(Mcr, EditsTheLinesOfATerminal) {
+    const std::string path = write("empty.mcr", "");
+    ProgramInput input;
+    input.text = "print 1 + 2x\x7f\n\x1b[A\n";
+    const std::string program = std::string(TEST_BINARY_DIR) + "/mcr debug " + path;
+    const ProgramResult result =
+        RunProgram({"/usr/bin/env", "TERM=xterm", "script", "-qec", program, "/dev/null"}, input);
+    const std::string answer = "1 + 2 = 3";
+    const size_t first = result.out.find(answer);
+    ASSERT_NE(first, std::string::npos) << result.out;
+    EXPECT_NE(result.out.find(answer, first + answer.size()), std::string::npos) << result.out;
+    EXPECT_EQ(result.status, 0);
 }
 
 } // namespace

@@ -1,0 +1,3 @@
+Set d = CreateObject("Scripting.Dictionary")
+x = d.Exists(Array(1, 2))
+' error: 2: Type mismatch

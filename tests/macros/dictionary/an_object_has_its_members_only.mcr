@@ -1,0 +1,3 @@
+Set d = CreateObject("Scripting.Dictionary")
+d.Append "a"
+' error: 2: Error: Member not found:
