@@ -41,7 +41,7 @@ void runStatement(benchmark::State& state, const char* statement) {
     automation::RegisterClass("Bench.Probe", [] { return new Probe; });
     scripting::Register();
     const SCL_Pointer<MacroSource> source(
-        new BenchSource("Set obj = CreateObject(\"Bench.Probe\")\n"
+        new MemorySource("Set obj = CreateObject(\"Bench.Probe\")\n"
                         "Set dict = CreateObject(\"Scripting.Dictionary\")\n"
                         "dict(\"key\") = 1\nn = 0\nWhile n < " +
                         std::to_string(kTurns) + "\n n = n + 1\n" + statement + "\nWend\n"));

@@ -2,33 +2,9 @@
 
 #include <UI_Macro.h>
 
+#include "macroengine/MemorySource.h"
+
 #include <string>
-
-/// A macro in memory.
-class BenchSource : public MacroSource {
-public:
-    explicit BenchSource(const std::string& text) : m_Text(text.c_str(), text.size()) {}
-
-    void Reset() override {
-        SetPosition(0);
-        SetNextPosition(0);
-        m_Given = false;
-    }
-    int GetNextLine(SYS_String& line, bool) override {
-        if (m_Given)
-            return 0;
-        m_Given = true;
-        line = m_Text;
-        return 1;
-    }
-    SYS_String GetFileName() override { return "bench"; }
-    bool LineByLine() override { return false; }
-    MacroSource* Clone(char const*) override { return nullptr; }
-
-private:
-    const SYS_String m_Text;
-    bool m_Given = false;
-};
 
 /// An engine for one benchmark.
 class BenchEngine {

@@ -11,7 +11,7 @@ constexpr int kTurns = 100000;
 
 void lookUpVariable(benchmark::State& state) {
     BenchEngine engine;
-    engine.Run(new BenchSource("a = 1 : b = 2 : c = 3 : target = 4 : d = 5"));
+    engine.Run(new MemorySource("a = 1 : b = 2 : c = 3 : target = 4 : d = 5"));
     const SYS_StrNoCase name("Target");
     if (!engine.GetParser().LookupVar(name)) {
         state.SkipWithError("the variable is not there");
@@ -28,7 +28,7 @@ void parseText(benchmark::State& state) {
         text += "value = (index * 37 + offset) Mod 113\n"
                 "If value > limit Then\n total = total + value / 2\nEnd If\n";
     BenchEngine engine;
-    const SCL_Pointer<MacroSource> source(new BenchSource(text));
+    const SCL_Pointer<MacroSource> source(new MemorySource(text));
     for (auto _ : state) {
         engine.GetParser().SetSource(source);
         if (!engine.GetParser().Parse())
@@ -48,8 +48,8 @@ std::string loopOver(const std::string& statement, int turns) {
 // turn costs. A short and a long run differ only in their turns.
 void runStatement(benchmark::State& state, const char* statement) {
     BenchEngine engine;
-    const SCL_Pointer<MacroSource> shortRun(new BenchSource(loopOver(statement, 1000)));
-    const SCL_Pointer<MacroSource> longRun(new BenchSource(loopOver(statement, kTurns)));
+    const SCL_Pointer<MacroSource> shortRun(new MemorySource(loopOver(statement, 1000)));
+    const SCL_Pointer<MacroSource> longRun(new MemorySource(loopOver(statement, kTurns)));
     engine.Run(longRun); // fills the pools
 
     const size_t start = GetAllocationCount();

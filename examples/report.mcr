@@ -1,27 +1,31 @@
 ' Reads sales from a text file and prints them as a table, with a total for each region.
 
-' Prints a value so that it ends in front of a column.
-Sub rightAligned(column, value)
-    Print #2, Tab(column - Len(CStr(value))); value;
+Function toLeft(value, size)
+    toLeft = Left(value & Space(size), size)
+End Function
+
+Function toRight(value, size)
+    toRight = Right(Space(size) & value, size)
+End Function
+
+Sub printRow(region, product, units, amount)
+    line = toLeft(region, 9) & toLeft(product, 18) & toRight(FormatNumber(units, 0), 7)
+    Console.WriteLine line & toRight(FormatNumber(amount, 2), 14)
 End Sub
 
 Sub printRule
-    Print #2, "------------------------------------------------"
+    Console.WriteLine String(48, "-")
 End Sub
 
 Sub printTotal(name, units, amount)
-    Print #2, "Total "; name;
-    rightAligned 37, units
-    rightAligned 49, amount
-    Print #2,
+    printRow "Total", name, units, amount
 End Sub
 
 folder = WScript.ScriptFolder
 If folder = "" Then folder = "."
 Open folder & "/report.txt" For Input As #1
-Open "/dev/stdout" For Append As #2
 
-Print #2, "Region"; Tab(10); "Product"; Tab(32); "Units"; Tab(43); "Amount"
+Console.WriteLine toLeft("Region", 9) & toLeft("Product", 18) & toRight("Units", 7) & toRight("Amount", 14)
 printRule
 
 last = ""
@@ -30,26 +34,25 @@ allUnits = 0 : allSales = 0
 Do Until EOF(1)
     ' A closing quote ends a field, so the tab behind it ends another one, which is empty.
     Input #1, region, product, gap, count, price
-    count = Abs(count) ' fields are text until they are used as numbers
-    amount = count * Abs(price)
-    If region <> last And last <> "" Then
-        printTotal last, units, sales
-        Print #2,
-        units = 0
-        sales = 0
+    count = CLng(count) ' what is read is text
+    amount = count * CDbl(price)
+    shown = ""
+    If region <> last Then
+        If last <> "" Then
+            printTotal last, units, sales
+            Console.WriteLine
+        End If
+        units = 0 : sales = 0
+        last = region
+        shown = region
     End If
-    If region <> last Then Print #2, region;
-    last = region
-    Print #2, Tab(10); product;
-    rightAligned 37, count
-    rightAligned 49, amount
-    Print #2,
+    printRow shown, product, count, amount
     units = units + count
     sales = sales + amount
     allUnits = allUnits + count
     allSales = allSales + amount
 Loop
+Close #1
 printTotal last, units, sales
 printRule
 printTotal "of all", allUnits, allSales
-Close

@@ -10,8 +10,10 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <ostream>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace macrofiles {
@@ -75,7 +77,47 @@ inline std::string firstLine(const std::string& text) {
     return withoutTrailingBlanks(text.substr(0, text.find('\n')));
 }
 
-inline std::vector<std::string> findMacros() {
+/// One macro of a file. A line that states an error ends it; the next one begins behind the blank
+/// lines that follow.
+struct MacroCase {
+    std::string file;
+    int line = 1; ///< of the file, where the macro begins
+    std::string text;
+    bool isWholeFile = true;
+
+    std::string Path() const { return (kFolder / file).string(); }
+    std::string Title() const {
+        return isWholeFile ? file : file + ", line " + std::to_string(line);
+    }
+};
+
+inline std::ostream& operator<<(std::ostream& out, const MacroCase& macro) {
+    return out << macro.Title();
+}
+
+inline std::vector<MacroCase> cutIntoMacros(const std::string& file, const std::string& text) {
+    std::vector<MacroCase> macros;
+    std::size_t start = 0;
+    int line = 1;
+    for (std::size_t at = 0; at < text.size() || macros.empty();) {
+        const std::size_t end = std::min(text.find('\n', at), text.size() - 1) + 1;
+        const bool states = text.compare(at, 8, "' error:") == 0;
+        at = end;
+        if (!states && at < text.size())
+            continue;
+        macros.push_back({file, line, text.substr(start, at - start), false});
+        while (at < text.size() && text[at] == '\n')
+            ++at;
+        line += static_cast<int>(std::count(text.begin() + static_cast<std::ptrdiff_t>(start),
+                                            text.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
+        start = at;
+    }
+    if (macros.size() == 1)
+        macros.front() = {file, 1, text, true};
+    return macros;
+}
+
+inline std::vector<MacroCase> findMacros() {
     std::vector<std::string> names;
     if (fs::exists(kFolder)) {
         for (const auto& entry : fs::recursive_directory_iterator(kFolder)) {
@@ -84,11 +126,19 @@ inline std::vector<std::string> findMacros() {
         }
     }
     std::sort(names.begin(), names.end());
-    return names;
+    std::vector<MacroCase> macros;
+    for (const std::string& name : names) {
+        for (MacroCase& macro : cutIntoMacros(name, ReadWholeFile((kFolder / name).string())))
+            macros.push_back(std::move(macro));
+    }
+    return macros;
 }
 
-inline std::string testName(const testing::TestParamInfo<std::string>& info) {
-    std::string name = info.param.substr(0, info.param.rfind('.'));
+inline std::string testName(const testing::TestParamInfo<MacroCase>& info) {
+    const std::string& file = info.param.file;
+    std::string name = file.substr(0, file.rfind('.'));
+    if (!info.param.isWholeFile)
+        name += "_" + std::to_string(info.param.line);
     for (char& character : name) {
         if (!std::isalnum(static_cast<unsigned char>(character)))
             character = '_';

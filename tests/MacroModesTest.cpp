@@ -81,7 +81,7 @@ struct Outcome {
     int errorLine = 0; // from 1
 };
 
-class MacroModes : public EngineTest, public testing::WithParamInterface<std::string> {
+class MacroModes : public EngineTest, public testing::WithParamInterface<MacroCase> {
 protected:
     MacroModes() : m_Console("Console") {
         scripting::Register();
@@ -150,8 +150,8 @@ private:
 };
 
 TEST_P(MacroModes, Agree) {
-    const std::string path = (kFolder / GetParam()).string();
-    const std::string text = ReadWholeFile(path);
+    const std::string path = GetParam().Path();
+    const std::string& text = GetParam().text;
     const Expectation expected = readExpectation(text);
     if (!expected.input.empty() || text.find('\0') != std::string::npos)
         return; // the host's own affair; a text given by lines has no end in its middle
@@ -178,7 +178,7 @@ TEST_P(MacroModes, Agree) {
           Way{"parsed again while it runs", Feed::Whole, Drive::ReparseUnderTheRun}}) {
         if (way.feed == Feed::LineByLine && text.find("\nrem\n") != std::string::npos)
             continue; // a line that ends behind the word is a name
-        SCOPED_TRACE(path + ", " + way.name);
+        SCOPED_TRACE(way.name);
         const Outcome outcome = runAs(given, path, way.feed, way.drive);
         EXPECT_EQ(outcome.output, expected.output);
         EXPECT_EQ(outcome.errorText, withoutTrailingBlanks(expected.errorText));

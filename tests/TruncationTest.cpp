@@ -10,7 +10,7 @@ using namespace macrofiles;
 
 constexpr int kStatements = 2000; // a cut may turn a loop into an endless one
 
-class Truncation : public EngineTest, public testing::WithParamInterface<std::string> {
+class Truncation : public EngineTest, public testing::WithParamInterface<MacroCase> {
 protected:
     Truncation() : m_Console("Console") {
         macro.Register(m_Console, "Console");
@@ -44,9 +44,9 @@ private:
 };
 
 TEST_P(Truncation, GivesAResultOrAnError) {
-    const std::string text = ReadWholeFile((kFolder / GetParam()).string());
+    const std::string& text = GetParam().text;
     for (std::size_t length = 0; length < text.size(); ++length) {
-        SCOPED_TRACE(GetParam() + ", " + std::to_string(length) + " bytes");
+        SCOPED_TRACE(std::to_string(length) + " bytes");
         runCut(std::string_view(text).substr(0, length),
                length % 2 ? Feed::LineByLine : Feed::Whole);
         if (HasFailure())

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int kDefaultWidth = 80;
+constexpr int kMostValues = 1000; // more than a call can have
 
 // Columns of the terminal behind standard output, else what the environment says.
 int terminalWidth() {
@@ -30,14 +31,26 @@ bool Console::s_LineIsOpen = false;
 
 Console::Console() : MacroEval("Console") {}
 
-UI_MacroVariant Console::Evaluate(const char* name, UI_MacroVariant* args, int argc) {
-    const Member* member = findMember(name);
-    return member ? (this->*member->method)(args, argc) : MacroEval::Evaluate(name, args, argc);
+cMacroAppClass* Console::GetMacroClass() {
+    static cMacroAppClass self("Console", MacroEval::GetMacroClass());
+    const cMacroArgument values = cMacroArgument("values", TypeNameVariant).opt(kMostValues);
+    static cMacroClassMethod<Console> lineWriter(self, "WriteLine", "", &Console::writeLine, false,
+                                                 values);
+    static cMacroClassMethod<Console> writer(self, "Write", "", &Console::write, false, values);
+    static cMacroClassMethod<Console> reader(self, "ReadLine", TypeNameString, &Console::readLine);
+    static cMacroClassProperty<Console> columns(self, "Width", TypeNameInt, &Console::width);
+    return &self;
 }
 
-bool Console::IsPropertyGet(const char* name) {
-    const Member* member = findMember(name);
-    return member ? member->isProperty : MacroEval::IsPropertyGet(name);
+const ScriptDebugger::iApplicationClass* Console::GetMacroDescriptor() const {
+    return GetMacroClass();
+}
+
+UI_MacroVariant Console::Evaluate(const char* name, UI_MacroVariant* args, int argc) {
+    UI_MacroVariant result;
+    if (EvaluateMember(*this, name, args, argc, result))
+        return result;
+    return MacroEval::Evaluate(name, args, argc);
 }
 
 bool Console::Flush() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }
@@ -48,26 +61,9 @@ void Console::StartLine() {
     s_LineIsOpen = false;
 }
 
-const Console::Member* Console::findMember(const char* name) {
-    static constexpr Member kMembers[] = {
-        {"WriteLine", &Console::writeLine, false},
-        {"Write", &Console::write, false},
-        {"ReadLine", &Console::readLine, false},
-        {"Width", &Console::width, true},
-    };
-    if (!name)
-        return nullptr;
-    const SYS_String wanted(name);
-    for (const Member& member : kMembers) {
-        if (wanted.CompareNoCase(member.name) == 0)
-            return &member;
-    }
-    return nullptr;
-}
-
 // All arguments are converted before the first is written: a value that cannot be converted
 // leaves no half a line behind.
-UI_MacroVariant Console::write(UI_MacroVariant* args, int argc) {
+UI_MacroVariant Console::write(int argc, UI_MacroVariant* args) {
     SYS_String text;
     for (int i = 0; i < argc; ++i)
         text += static_cast<SYS_String>(args[i]);
@@ -77,15 +73,14 @@ UI_MacroVariant Console::write(UI_MacroVariant* args, int argc) {
     return UI_MacroVariant();
 }
 
-UI_MacroVariant Console::writeLine(UI_MacroVariant* args, int argc) {
-    write(args, argc);
+UI_MacroVariant Console::writeLine(int argc, UI_MacroVariant* args) {
+    write(argc, args);
     std::fputc('\n', stdout);
     s_LineIsOpen = false;
     return UI_MacroVariant();
 }
 
-UI_MacroVariant Console::readLine(UI_MacroVariant* args, int argc) {
-    CheckArguments(0, args, argc);
+UI_MacroVariant Console::readLine(int, UI_MacroVariant*) {
     Flush(); // a question must be seen before its answer is awaited
     s_LineIsOpen = s_LineIsOpen && !isatty(STDIN_FILENO); // the answer's own line end is seen
 
@@ -105,7 +100,4 @@ UI_MacroVariant Console::readLine(UI_MacroVariant* args, int argc) {
     return UI_MacroVariant(SYS_String(buffer, length));
 }
 
-UI_MacroVariant Console::width(UI_MacroVariant* args, int argc) {
-    CheckArguments(0, args, argc);
-    return UI_MacroVariant(terminalWidth());
-}
+UI_MacroVariant Console::width(int, UI_MacroVariant*) { return UI_MacroVariant(terminalWidth()); }

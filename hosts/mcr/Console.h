@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ClassDescriptors.h>
 #include <UI_MacroEval.h>
 
 /// The object through which macros talk to the terminal: WriteLine, Write, ReadLine and Width.
@@ -9,8 +10,9 @@ public:
 
     using MacroEval::operator=;
 
+    static cMacroAppClass* GetMacroClass();
+    const ScriptDebugger::iApplicationClass* GetMacroDescriptor() const override;
     UI_MacroVariant Evaluate(const char* name, UI_MacroVariant* args, int argc) override;
-    bool IsPropertyGet(const char* name) override;
 
     /// Writes out what is buffered. False if standard output did not take all of it, now or
     /// earlier.
@@ -19,18 +21,10 @@ public:
     static void StartLine();
 
 private:
-    using Method = UI_MacroVariant (Console::*)(UI_MacroVariant* args, int argc);
-    struct Member {
-        const char* name;
-        Method method;
-        bool isProperty;
-    };
-
-    static const Member* findMember(const char* name);
-    UI_MacroVariant write(UI_MacroVariant* args, int argc);
-    UI_MacroVariant writeLine(UI_MacroVariant* args, int argc);
-    UI_MacroVariant readLine(UI_MacroVariant* args, int argc);
-    UI_MacroVariant width(UI_MacroVariant* args, int argc);
+    UI_MacroVariant write(int argc, UI_MacroVariant* args);
+    UI_MacroVariant writeLine(int argc, UI_MacroVariant* args);
+    UI_MacroVariant readLine(int argc, UI_MacroVariant* args);
+    UI_MacroVariant width(int argc, UI_MacroVariant* args);
 
     static bool s_LineIsOpen;
 };

@@ -352,6 +352,13 @@ UI_MacroVariant MacroSupport::OnError(MacroERR_Code code, const SYS_String& para
     raise(error, code, line);
 }
 
+UI_MacroVariant MacroSupport::OnError(MacroERR_Code code) {
+    const long line = errorLine();
+    MacroException error(GetMacroErrorText(code), m_Source ? m_Source->GetFileName() : SYS_String(),
+                         static_cast<int>(line), m_Source);
+    raise(error, code, line);
+}
+
 UI_MacroVariant MacroSupport::OnError(const SYS_String& message) {
     const long line = errorLine();
     MacroException error(message, m_Source ? m_Source->GetFileName() : SYS_String(),

@@ -174,9 +174,11 @@ public:
     UI_MacroVariant EvalArgListList(UI_MacroVariant* target, const char* name,
                                     const UI_MacroArray& lists);
 
-    // Errors. Both always throw MacroException.
+    // Errors. All always throw MacroException.
     virtual UI_MacroVariant OnError(MacroERR_Code code, const SYS_String& param);
     virtual UI_MacroVariant OnError(const SYS_String& message);
+    /// The text of the code alone, without the place of a parameter.
+    UI_MacroVariant OnError(MacroERR_Code code);
     int GetLastErrorCode() const { return m_LastErrorCode; }
     long GetLastErrorLine() const { return m_LastErrorLine; }
     const SYS_String& GetLastErrorText() const { return m_LastErrorText; }

@@ -22,7 +22,7 @@ enum class PlatformStatus {
     NotDirectory, ///< where a directory is wanted
     InUse,        ///< other streams do not share the file in this way
     NoSpace,
-    Invalid, ///< an empty name, a place before the start of a file, a closed file
+    Invalid, ///< an empty name, a place before the start of a file or in a pipe, a closed file
     Failed   ///< anything else
 };
 

@@ -179,6 +179,29 @@ bool readIconImage(std::string_view bytes, ImageData& image) {
     return true;
 }
 
+/// Each pixel becomes the one that lies below its middle. A side of 0 stays as it is.
+bool stretch(int width, int height, ImageData& image) {
+    const std::int64_t toX = width > 0 ? width : image.width;
+    const std::int64_t toY = height > 0 ? height : image.height;
+    if (toX == image.width && toY == image.height)
+        return true;
+    if (toY > kMaxImagePixels / toX)
+        return false;
+    ImageData target;
+    target.width = static_cast<int>(toX);
+    target.height = static_cast<int>(toY);
+    target.pixels.reserve(static_cast<std::size_t>(toX * toY));
+    for (std::int64_t y = 0; y < toY; ++y) {
+        const std::int64_t row = (2 * y + 1) * image.height / (2 * toY) * image.width;
+        for (std::int64_t x = 0; x < toX; ++x) {
+            const std::int64_t place = row + (2 * x + 1) * image.width / (2 * toX);
+            target.pixels.push_back(image.pixels[static_cast<std::size_t>(place)]);
+        }
+    }
+    image = std::move(target);
+    return true;
+}
+
 bool readWholeFile(const char* path, SYS_String& bytes) {
     std::unique_ptr<PlatformFile> file;
     __int64 size = 0;
@@ -234,12 +257,16 @@ bool ReadIcon(std::string_view bytes, ImageData& image) {
     return false;
 }
 
-bool ReadImageFile(const char* path, ImageData& image) {
+bool ReadImageFile(const char* path, int width, int height, ImageData& image) {
     SYS_String bytes;
     if (!readWholeFile(path, bytes))
         return false;
     const SYS_String extension = SFM_FilePath(path).GetFileExtension();
-    if (extension.CompareNoCase(".ico") == 0 || extension.CompareNoCase(".cur") == 0)
-        return ReadIcon(bytes.View(), image);
-    return ReadBitmap(bytes.View(), image);
+    if (extension.CompareNoCase(".ico") != 0 && extension.CompareNoCase(".cur") != 0)
+        return ReadBitmap(bytes.View(), image);
+    ImageData read;
+    if (!ReadIcon(bytes.View(), read) || !stretch(width, height, read))
+        return false;
+    image = std::move(read);
+    return true;
 }

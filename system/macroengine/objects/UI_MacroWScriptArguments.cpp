@@ -10,10 +10,9 @@
 namespace {
 
 UI_MacroVariant refuse() {
-    const SYS_String text = GetMacroErrorText(errIncorrectArgument);
     if (MacroSupport* processor = MacroSupport::GetProcessor())
-        processor->OnError(text);
-    throw MacroException(text, SYS_String(), 0, nullptr);
+        processor->OnError(errIncorrectArgument);
+    throw MacroException(GetMacroErrorText(errIncorrectArgument), SYS_String(), 0, nullptr);
 }
 
 SCC_Array<SYS_String> split(const SYS_String& line) {

@@ -87,8 +87,10 @@ UI_MacroVariant MacroHex(int argc, UI_MacroVariant* argv) { return digitsOf(argc
 UI_MacroVariant MacroOct(int argc, UI_MacroVariant* argv) { return digitsOf(argc, argv, 8); }
 
 UI_MacroVariant MacroArray(int argc, UI_MacroVariant* argv) {
+    if (argc > 0 && !argv)
+        return wrongArguments();
     UI_MacroArray elements;
-    if (argc > 0 && argv && MacroArrayFits(argc)) {
+    if (argc > 0 && MacroArrayFits(argc)) {
         elements.SetSize(argc);
         UI_MacroVariant* element = elements.WritableData();
         for (int i = 0; i < argc; ++i) {

@@ -1,5 +1,7 @@
 #include <Platform.h>
 
+#include <algorithm>
+
 #include "objects/ImageFile.h"
 #include "objects/UI_MacroImage.h"
 #include "runtime/FunctionTable.h"
@@ -50,18 +52,25 @@ UI_MacroVariant MacroGetRef(int argc, UI_MacroVariant* argv) {
     return procedure;
 }
 
+namespace {
+
+/// A side of the wanted size; 0 leaves it to the file.
+int sideOf(int argc, const UI_MacroVariant* argv, int place) {
+    return IsGiven(argc, argv, place) ? std::max(static_cast<int>(argv[place]), 0) : 0;
+}
+
+} // namespace
+
 UI_MacroVariant MacroLoadImage(int argc, UI_MacroVariant* argv) {
     if (argc < 1 || argc > 3 || !argv)
         return Fail(errIncorrectArgument);
     const auto path = static_cast<SYS_String>(argv[0]);
-    // The wanted size chooses among the images of a system's icon; here the first one is taken.
-    for (int place = 1; place < argc; ++place)
-        if (IsGiven(argc, argv, place))
-            (void)static_cast<int>(argv[place]);
+    const int width = sideOf(argc, argv, 1);
+    const int height = sideOf(argc, argv, 2);
     if (!GetPlatform().Exists(path))
         return Fail(errCannotOpenFile, path);
     ImageData image;
-    if (!ReadImageFile(path, image))
+    if (!ReadImageFile(path, width, height, image))
         return Fail("Invalid image file: " + path);
     return UI_MacroImage::Make(std::move(image));
 }

@@ -143,7 +143,7 @@ UI_MacroVariant MacroMsgBox(int argc, UI_MacroVariant* argv) {
 }
 
 UI_MacroVariant MacroDoEvents(int argc, UI_MacroVariant* argv) {
-    if (argc > 1 || IsGiven(argc, argv, 0))
+    if (argc > 1 || (argc == 1 && (!argv || IsGiven(argc, argv, 0))))
         return Fail(errIncorrectArgument);
     RefuseWhileLooking();
     if (const auto& hook = MacroSupport::GetHostHooks().doEvents)

@@ -176,8 +176,7 @@ void TextFile::layOutInWidth(std::string_view text) {
 void TextFile::EndPrint() {
     if (m_Pending.empty())
         return;
-    dropReadAhead();
-    if (m_File)
+    if (m_File && dropReadAhead()) // elsewhere the text would replace what it should not
         m_File->Write(m_Pending.data(), m_Pending.size());
     if (m_Mode == ParserTree::FileBinary)
         ++s_FilesState;
@@ -199,13 +198,16 @@ TextFile::Fill TextFile::fill() {
     return status == PlatformStatus::Ok ? Fill::AtEnd : Fill::Failed;
 }
 
-void TextFile::dropReadAhead() {
+/// False if the file is not at the place that reading has come to.
+bool TextFile::dropReadAhead() {
     const auto ahead = static_cast<__int64>(m_ReadEnd - m_ReadAt);
-    if (ahead == 0 || !m_File)
-        return;
-    // Pipes cannot go back; what they gave is still to be read.
-    if (m_File->Seek(-ahead, PlatformOrigin::Current) == PlatformStatus::Ok)
+    if (ahead == 0)
+        return true;
+    const PlatformStatus status = m_File->Seek(-ahead, PlatformOrigin::Current);
+    if (status == PlatformStatus::Ok)
         m_ReadAt = m_ReadEnd = 0;
+    // Pipes cannot go back and need not; what they gave is still to be read.
+    return status == PlatformStatus::Ok || status == PlatformStatus::Invalid;
 }
 
 void TextFile::refreshReadAhead() {

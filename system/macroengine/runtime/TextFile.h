@@ -49,7 +49,7 @@ private:
     void layOutInWidth(std::string_view text);
     void flushRecord();
     Fill fill();
-    void dropReadAhead();
+    bool dropReadAhead();
     void refreshReadAhead();
 
     SYS_String m_Name;

@@ -63,6 +63,13 @@ private:
     static inline int s_Depth = 0;
 };
 
+/// What the target of a Reference converts to; nothing, or 0, if it has gone.
+template <class Host> Host readThrough(const UI_MacroVariant& reference) {
+    const ReadDepth depth;
+    const UI_MacroVariant* target = depth.IsTooDeep() ? nullptr : readTarget(reference);
+    return target ? static_cast<Host>(*target) : Host();
+}
+
 } // namespace
 
 UI_MacroVariant::operator __int64() const {
@@ -127,11 +134,8 @@ SYS_String UI_MacroVariant::convToString() const {
         return MacroRealText(value.m_Payload.real);
     case vvtBoolean:
         return value.m_Payload.integer ? "True" : "False";
-    case vvtReference: {
-        const ReadDepth depth;
-        const UI_MacroVariant* target = depth.IsTooDeep() ? nullptr : readTarget(value);
-        return target ? static_cast<SYS_String>(*target) : SYS_String();
-    }
+    case vvtReference:
+        return readThrough<SYS_String>(value);
     case vvtHandle:
         return handleText(low32(value));
     case vvtObject:
@@ -157,11 +161,8 @@ __int64 UI_MacroVariant::convToLongLong() const {
         return MacroRoundReal(value.m_Payload.real);
     case vvtString:
         return MacroIntegerValue(value.m_Text);
-    case vvtReference: {
-        const ReadDepth depth;
-        const UI_MacroVariant* target = depth.IsTooDeep() ? nullptr : readTarget(value);
-        return target ? static_cast<__int64>(*target) : 0;
-    }
+    case vvtReference:
+        return readThrough<__int64>(value);
     case vvtHandle:
         return low32(value);
     case vvtObject:
@@ -190,11 +191,8 @@ double UI_MacroVariant::convToDouble() const {
         return static_cast<double>(value.m_Payload.integer);
     case vvtString:
         return MacroRealValue(value.m_Text);
-    case vvtReference: {
-        const ReadDepth depth;
-        const UI_MacroVariant* target = depth.IsTooDeep() ? nullptr : readTarget(value);
-        return target ? static_cast<double>(*target) : 0.0;
-    }
+    case vvtReference:
+        return readThrough<double>(value);
     case vvtHandle:
         return low32(value);
     case vvtObject:

@@ -3,6 +3,7 @@
 #include "values/Operators.h"
 
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -90,23 +91,25 @@ UI_MacroVariant UI_MacroVariant::Operators::ApplyOne(const UI_MacroVariant& oper
 
 // --- arithmetic ---------------------------------------------------------------------------------
 
-UI_MacroVariant UI_MacroVariant::Operators::Add(const UI_MacroVariant& a,
-                                                const UI_MacroVariant& b) {
+/// Integers and Booleans by one rule, reals by the other; no other kind is a number.
+template <class OfIntegers, class OfReals>
+UI_MacroVariant UI_MacroVariant::Operators::Calculate(const UI_MacroVariant& a,
+                                                      const UI_MacroVariant& b,
+                                                      OfIntegers ofIntegers, OfReals ofReals) {
     switch (Superior(a, b)) {
     case vvtInteger:
-    case vvtBoolean:
-        return wrap(bits(a.convToLongLong()) + bits(b.convToLongLong()));
-    case vvtDouble:
-        return a.convToDouble() + b.convToDouble();
-    case vvtString: {
-        UI_MacroVariant result;
-        result.m_Type = vvtString;
-        result.m_Text = a.convToString() + b.convToString();
-        return result;
+    case vvtBoolean: {
+        const unsigned long long left = bits(a.convToLongLong());
+        return wrap(ofIntegers(left, bits(b.convToLongLong())));
+    }
+    case vvtDouble: {
+        const double left = a.convToDouble();
+        return ofReals(left, b.convToDouble());
     }
     case vvtEmpty:
     case vvtObject:
     case vvtFunction:
+    case vvtString:
     case vvtReference:
     case vvtArray:
     case vvtMissing:
@@ -116,76 +119,35 @@ UI_MacroVariant UI_MacroVariant::Operators::Add(const UI_MacroVariant& a,
         break;
     }
     return failType();
+}
+
+UI_MacroVariant UI_MacroVariant::Operators::Add(const UI_MacroVariant& a,
+                                                const UI_MacroVariant& b) {
+    if (Superior(a, b) != vvtString)
+        return Calculate(a, b, std::plus<>(), std::plus<>());
+    UI_MacroVariant result;
+    result.m_Type = vvtString;
+    result.m_Text = a.convToString() + b.convToString();
+    return result;
 }
 
 UI_MacroVariant UI_MacroVariant::Operators::Subtract(const UI_MacroVariant& a,
                                                      const UI_MacroVariant& b) {
-    switch (Superior(a, b)) {
-    case vvtInteger:
-    case vvtBoolean:
-        return wrap(bits(a.convToLongLong()) - bits(b.convToLongLong()));
-    case vvtDouble:
-        return a.convToDouble() - b.convToDouble();
-    case vvtEmpty:
-    case vvtObject:
-    case vvtFunction:
-    case vvtString:
-    case vvtReference:
-    case vvtArray:
-    case vvtMissing:
-    case vvtHandle:
-    case vvtScript:
-    case vvtUnknown:
-        break;
-    }
-    return failType();
+    return Calculate(a, b, std::minus<>(), std::minus<>());
 }
 
 UI_MacroVariant UI_MacroVariant::Operators::Multiply(const UI_MacroVariant& a,
                                                      const UI_MacroVariant& b) {
-    switch (Superior(a, b)) {
-    case vvtInteger:
-    case vvtBoolean:
-        return wrap(bits(a.convToLongLong()) * bits(b.convToLongLong()));
-    case vvtDouble:
-        return a.convToDouble() * b.convToDouble();
-    case vvtEmpty:
-    case vvtObject:
-    case vvtFunction:
-    case vvtString:
-    case vvtReference:
-    case vvtArray:
-    case vvtMissing:
-    case vvtHandle:
-    case vvtScript:
-    case vvtUnknown:
-        break;
-    }
-    return failType();
+    return Calculate(a, b, std::multiplies<>(), std::multiplies<>());
 }
 
 UI_MacroVariant UI_MacroVariant::Operators::Divide(const UI_MacroVariant& a,
                                                    const UI_MacroVariant& b) {
-    switch (Superior(a, b)) {
-    case vvtInteger:
-    case vvtDouble:
-    case vvtBoolean: {
-        double dividend = a.convToDouble();
-        return dividend / b.convToDouble();
-    }
-    case vvtEmpty:
-    case vvtObject:
-    case vvtFunction:
-    case vvtString:
-    case vvtReference:
-    case vvtArray:
-    case vvtMissing:
-    case vvtHandle:
-    case vvtScript:
-    case vvtUnknown:
-        break;
-    }
-    return failType();
+    const VariantValueType kind = Superior(a, b);
+    if (kind != vvtInteger && kind != vvtDouble && kind != vvtBoolean)
+        return failType();
+    const double dividend = a.convToDouble();
+    return dividend / b.convToDouble();
 }
 
 UI_MacroVariant UI_MacroVariant::Operators::IntegerDivide(const UI_MacroVariant& a,
@@ -297,38 +259,38 @@ UI_MacroVariant UI_MacroVariant::operator^(const UI_MacroVariant& rhs) const {
     return Operators::Apply<Operators::Xor>(*this, rhs);
 }
 
-UI_MacroVariant UI_MacroVariant::operator|(const UI_MacroVariant& rhs) const {
-    const UI_MacroVariant* a = readScalar(*this);
+/// `withNull` tells what comes of Null on one side and a value on the other; two Nulls give Null.
+template <class Combine>
+UI_MacroVariant
+UI_MacroVariant::Operators::CombineBits(const UI_MacroVariant& lhs, const UI_MacroVariant& rhs,
+                                        Combine combine,
+                                        UI_MacroVariant (*withNull)(__int64 known)) {
+    const UI_MacroVariant* a = readScalar(lhs);
     const UI_MacroVariant* b = a ? readScalar(rhs) : nullptr;
     if (b)
-        return combineBits(*a, *b, a->m_Payload.integer | b->m_Payload.integer);
+        return combineBits(*a, *b, combine(a->m_Payload.integer, b->m_Payload.integer));
     UI_MacroVariant tempA;
     UI_MacroVariant tempB;
-    const UI_MacroVariant& left = Operators::Resolve(tempA, *this);
-    const UI_MacroVariant& right = Operators::Resolve(tempB, rhs);
-    a = Operators::Find(left);
-    b = Operators::Find(right);
+    const UI_MacroVariant& left = Resolve(tempA, lhs);
+    const UI_MacroVariant& right = Resolve(tempB, rhs);
+    a = Find(left);
+    b = Find(right);
     if (a && b)
-        return combineBits(*a, *b, a->m_Payload.integer | b->m_Payload.integer);
+        return combineBits(*a, *b, combine(a->m_Payload.integer, b->m_Payload.integer));
     const UI_MacroVariant* known = a ? a : b;
-    return known && known->m_Payload.integer ? UI_MacroVariant(known->m_Payload.integer) : null();
+    return known ? withNull(known->m_Payload.integer) : null();
+}
+
+UI_MacroVariant UI_MacroVariant::operator|(const UI_MacroVariant& rhs) const {
+    return Operators::CombineBits(*this, rhs, std::bit_or<>(), [](__int64 known) {
+        return known ? UI_MacroVariant(known) : null();
+    });
 }
 
 UI_MacroVariant UI_MacroVariant::operator&(const UI_MacroVariant& rhs) const {
-    const UI_MacroVariant* a = readScalar(*this);
-    const UI_MacroVariant* b = a ? readScalar(rhs) : nullptr;
-    if (b)
-        return combineBits(*a, *b, a->m_Payload.integer & b->m_Payload.integer);
-    UI_MacroVariant tempA;
-    UI_MacroVariant tempB;
-    const UI_MacroVariant& left = Operators::Resolve(tempA, *this);
-    const UI_MacroVariant& right = Operators::Resolve(tempB, rhs);
-    a = Operators::Find(left);
-    b = Operators::Find(right);
-    if (a && b)
-        return combineBits(*a, *b, a->m_Payload.integer & b->m_Payload.integer);
-    const UI_MacroVariant* known = a ? a : b;
-    return known && !known->m_Payload.integer ? UI_MacroVariant(0) : null();
+    return Operators::CombineBits(*this, rhs, std::bit_and<>(), [](__int64 known) {
+        return known ? null() : UI_MacroVariant(0);
+    });
 }
 
 UI_MacroVariant UI_MacroVariant::Operators::Invert(const UI_MacroVariant& a) {

@@ -17,9 +17,15 @@ struct UI_MacroVariant::Operators {
     // Arithmetic on operands that have been read.
     static Compute Add, Subtract, Multiply, Divide, IntegerDivide, Remainder, Raise;
     static ComputeOne Negate, Invert;
+    template <class OfIntegers, class OfReals>
+    static UI_MacroVariant Calculate(const UI_MacroVariant& a, const UI_MacroVariant& b,
+                                     OfIntegers ofIntegers, OfReals ofReals);
 
     // Bits and logic on operands that have been read.
     static Compute Xor, Both, Either;
+    template <class Combine>
+    static UI_MacroVariant CombineBits(const UI_MacroVariant& lhs, const UI_MacroVariant& rhs,
+                                       Combine combine, UI_MacroVariant (*withNull)(__int64 known));
     static ComputeOne Not;
 
     // Comparisons of operands that have been read.

@@ -86,6 +86,7 @@ PlatformStatus PosixStatus(int error) noexcept {
         return PlatformStatus::NoSpace;
     case EINVAL:
     case EBADF:
+    case ESPIPE:
         return PlatformStatus::Invalid;
     default:
         return PlatformStatus::Failed;

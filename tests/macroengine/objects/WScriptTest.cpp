@@ -41,12 +41,14 @@ protected:
         macro.Register(result, "Result");
         const std::string error =
             ErrorOf([&] { macro.ExecuteMacro(file.c_str(), "", nullptr, 0); });
+        lastCode = MacroSupport::GetProcessor()->GetLastErrorCode();
         return error == "no error" ? TextOf(result.Evaluate("Title", nullptr, 0)) : error;
     }
 
     MacroParser processor{true};
     Book result{""};
     fs::path folder;
+    int lastCode = 0;
 };
 
 TEST_F(WScriptTest, TellsAboutTheProcessAndTheScript) {
@@ -70,8 +72,10 @@ TEST_F(WScriptTest, ArgumentsAreThePartsOfTheCommandLine) {
     const char* const wrong = "Error: Incorrect function argument(s)";
     for (const char* use :
          {"WScript.Arguments(9999)", "WScript.Arguments(-1)", "WScript.Arguments(0, 1)",
-          "WScript.Arguments.count(1)", "WScript.Arguments.Length"})
+          "WScript.Arguments.count(1)", "WScript.Arguments.Length"}) {
         EXPECT_EQ(run(std::string("Result.Title = ") + use), wrong) << use;
+        EXPECT_EQ(lastCode, 34) << use;
+    }
 }
 
 TEST_F(WScriptTest, RunsScriptsBesideTheMacroAndAlongThePath) {

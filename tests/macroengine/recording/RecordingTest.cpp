@@ -230,10 +230,10 @@ TEST(MacroOutputFileTest, AFullDiskLosesOnlyTheLinesThatDidNotFit) {
     MacroOutputFile file(path.c_str());
     file.DisableRefCount();
     EXPECT_EQ(file.Record("one"), 1);
-    platform.writesBeforeFailure = 0;
+    platform.writes.left = 0;
     EXPECT_EQ(file.Record("lost"), 0);
     EXPECT_EQ(file.Record("lost too"), 0);
-    platform.writesBeforeFailure = -1;
+    platform.writes.left = -1;
     EXPECT_EQ(file.Record("two"), 1);
     EXPECT_EQ(contentOf(path), "one\ntwo\n");
 }

@@ -270,7 +270,7 @@ TEST_F(Files, AreClosedWhenTheRunIsOver) {
 
 TEST_F(Files, AStatementWritesOnceAndAFullDiskIsNoError) {
     TestPlatform platform;
-    platform.writesBeforeFailure = 3; // the first one is that of the macro's own text
+    platform.writes.left = 2;
     EXPECT_EQ(run.Run("Open \"@f\" For Output As #1\nPrint #1, 1; Tab(9); \"b\"; Spc(3) \"c\" 4\n"
                       "Print #1, \"second\"; \"part\"\nPrint #1, \"lost\"\nClose\nok = 1\n"),
               0)
@@ -285,16 +285,74 @@ TEST_F(Files, AFailingReadIsAnErrorButNoEnd) {
     TestPlatform platform;
     engine.OnOpen(run.Folder().Path("f"), ParserTree::FileInput, 1, ParserTree::AccessReadWrite,
                   ParserTree::LockShared, 0);
-    platform.readsBeforeFailure = 0;
+    platform.reads.left = 0;
     EXPECT_FALSE(engine.GetFile(1).IsAtEnd());
     UI_MacroVariant field = "untouched";
     EXPECT_THROW(engine.OnInput(&field, 1, 1), MacroException);
     EXPECT_EQ(engine.GetLastErrorCode(), 36);
     EXPECT_EQ(static_cast<SYS_String>(field), "untouched");
-    platform.readsBeforeFailure = -1;
+    platform.reads.left = -1;
     engine.OnInput(&field, 1, 1);
     EXPECT_EQ(static_cast<SYS_String>(field), "a");
     engine.CloseAllFiles();
+}
+
+// Every operation on a file fails in turn, for once or for good. What is written stays in order,
+// and nothing but the text of the statement that could not be written is missing.
+TEST_F(Files, AnySingleFailureLosesItsOwnStatementAtMost) {
+    const std::string macro = "Open \"@in\" For Input As #1\n"
+                              "Open \"@log\" For Append As #2\n"
+                              "Open \"@held\" For Output As #3 Len = 4\n"
+                              "Open \"@both\" For Binary As #4\n"
+                              "Do Until EOF(1)\n"
+                              "Input #1, x\nPrint #2, \"read\"; x\nPrint #3, x;\n"
+                              "Input #4, y\nPrint #4, \"Z\";\n"
+                              "Loop\n"
+                              "Close\nMkDir \"@made\"\nMoveFile \"@in\", \"@made/in\"\n"
+                              "t = GetTmpFileName(\"@made\") & Dir(\"@made/*\", 16)\n";
+    const std::string log = "readone\r\nreadtwo\r\nreadthree\r\n";
+    const auto isSubsequence = [](const std::string& part, const std::string& whole) {
+        std::size_t at = 0;
+        for (const char c : whole)
+            at += at < part.size() && part[at] == c;
+        return at == part.size();
+    };
+    int failures = 0;
+    for (const bool once : {true, false}) {
+        for (int n = 0;; ++n) {
+            SCOPED_TRACE((once ? "once, after " : "from then on, after ") + std::to_string(n));
+            for (const char* name : {"log", "held"})
+                run.Folder().Write(name, "");
+            run.Folder().Write("in", "one two three");
+            run.Folder().Write("both", "1 2 3 4 5 6 7 8");
+            bool struck = false;
+            int error = 0;
+            {
+                TestPlatform platform;
+                platform.any = {n, once};
+                error = run.Run(macro);
+                struck = once ? platform.any.left < 0 : platform.any.left == 0;
+                run.Macro().Stop();
+            }
+            if (!struck)
+                break;
+            ++failures;
+            EXPECT_TRUE(error == 0 || error == 36) << run.GetError();
+            const std::string written = run.Bytes("log");
+            const std::string held = run.Bytes("held");
+            const std::string both = run.Bytes("both");
+            EXPECT_TRUE(isSubsequence(written, log)) << written;
+            EXPECT_TRUE(isSubsequence(held, "onetwothree")) << held;
+            for (std::size_t i = 0; i < both.size(); ++i)
+                EXPECT_EQ(both[i] == ' ', i % 2 == 1) << both;
+            EXPECT_EQ(both.size(), 15u);
+            if (error == 0 && once) {
+                EXPECT_GE(written.size() + std::string("readthree\r\n").size(), log.size());
+                EXPECT_GE(held.size() + 4, std::string("onetwothree").size());
+            }
+        }
+    }
+    EXPECT_GT(failures, 60);
 }
 
 TEST_F(Files, AnItemThatFailsLosesNothingBeforeIt) {

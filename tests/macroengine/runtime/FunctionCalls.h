@@ -2,6 +2,7 @@
 
 // Runs expressions as a macro would and shows their values.
 
+#include "macroengine/MemorySource.h"
 #include "macroengine/values/ValueSamples.h"
 
 #include <UI_Macro.h>
@@ -10,32 +11,6 @@
 
 #include <string>
 #include <vector>
-
-/// A macro in memory.
-class MacroInMemory : public MacroSource {
-public:
-    explicit MacroInMemory(const std::string& text) : m_Text(text.c_str(), text.size()) {}
-
-    void Reset() override {
-        SetPosition(0);
-        SetNextPosition(0);
-        m_Given = false;
-    }
-    int GetNextLine(SYS_String& line, bool) override {
-        if (m_Given)
-            return 0;
-        m_Given = true;
-        line = m_Text;
-        return 1;
-    }
-    SYS_String GetFileName() override { return "text"; }
-    bool LineByLine() override { return false; }
-    MacroSource* Clone(char const*) override { return nullptr; }
-
-private:
-    const SYS_String m_Text;
-    bool m_Given = false;
-};
 
 struct FunctionCall {
     std::string expression;
@@ -49,7 +24,7 @@ protected:
     /// Runs a macro and shows what it leaves in `r`.
     std::string run(const std::string& text) {
         try {
-            macro.Execute(new MacroInMemory(text), SYS_String(), nullptr, 0);
+            macro.Execute(new MemorySource(text), SYS_String(), nullptr, 0);
         } catch (const MacroException& error) {
             const std::string message = Text(error.GetText());
             return message.ends_with("out of memory") ? "out of memory" : ShowError(error);

@@ -191,6 +191,26 @@ TEST_F(MacroImages, ClipKeepsTheRightPixels) {
               (std::vector<std::uint32_t>{kGreen, kWhite}));
 }
 
+TEST_F(MacroImages, IconsTakeTheWantedSize) {
+    const std::string two = icon(infoHeader(2, 2, 24) + number(0x0000FF, 3) + number(0xFF0000, 3) +
+                                 number(0, 2) + number(0, 4));
+    run.Folder().Write("two.ico", SYS_String(two.data(), two.size()));
+    const struct {
+        const char* arguments;
+        const char* size;
+    } cases[] = {
+        {"", "2x1"},       {", 4", "4x1"},        {", , 3", "2x3"},       {", 0, -1", "2x1"},
+        {", 1, 1", "1x1"}, {", 48, 48", "48x48"}, {", 2147483648", "2x1"}};
+    for (const auto& row : cases)
+        EXPECT_EQ(sizesAfter(std::string("Set i = LoadImage(\"@two.ico\"") + row.arguments + ")"),
+                  row.size);
+    ImageData image;
+    ASSERT_TRUE(ReadImageFile(run.Folder().Path("two.ico"), 4, 2, image));
+    EXPECT_EQ(image.pixels,
+              (std::vector<std::uint32_t>{kBlue, kBlue, kRed, kRed, kBlue, kBlue, kRed, kRed}));
+    EXPECT_FALSE(ReadImageFile(run.Folder().Path("two.ico"), 2147483647, 2147483647, image));
+}
+
 TEST_F(MacroImages, EndWithTheLastReference) {
     EXPECT_EQ(run.Run("Set i = LoadImage(\"@four.bmp\")\nSet j = i\nSet i = Nothing"), 0);
     SCC_SafePointer<UI_MacroVariant> image(run.Engine().LookupVar("j")->getBody());

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "macroengine/MemorySource.h"
 #include "system/platform/TempDirectory.h"
 
 class MacroRun {
@@ -17,7 +18,7 @@ public:
     /// that ended it, 0 for none.
     int Run(const std::string& text) {
         try {
-            m_Macro.ExecuteMacroString(InFolder(text).c_str());
+            m_Macro.Execute(new MemorySource(InFolder(text)), SYS_String(), nullptr, 0);
         } catch (const MacroException& error) {
             m_Error = error.GetText();
             return MacroSupport::GetProcessor()->GetLastErrorCode();

@@ -2,9 +2,41 @@
 
 #include "macroengine/runtime/FunctionCalls.h"
 
+#include "system/platform/TempDirectory.h"
+
 #include <UI_MacroProcessor.h>
 
+#include <clocale>
+#include <cstdlib>
+
 namespace {
+
+/// Puts the process into a locale with a decimal comma, made for the purpose if there is none.
+class CommaLocale {
+public:
+    CommaLocale() : m_Old(std::setlocale(LC_ALL, nullptr)) {
+        if (std::setlocale(LC_ALL, "de_DE.UTF-8"))
+            return;
+        const std::string make = "localedef -i de_DE -f UTF-8 " + std::string(m_Folder.Path()) +
+                                 "/de_DE.UTF-8 >/dev/null 2>&1";
+        if (std::system(make.c_str()) == 0) {
+            ::setenv("LOCPATH", m_Folder.Path(), 1);
+            std::setlocale(LC_ALL, "de_DE.UTF-8");
+        }
+    }
+    CommaLocale(const CommaLocale&) = delete;
+    CommaLocale& operator=(const CommaLocale&) = delete;
+    ~CommaLocale() {
+        std::setlocale(LC_ALL, m_Old.c_str());
+        ::unsetenv("LOCPATH");
+    }
+
+    bool IsInPlace() const { return std::string(std::localeconv()->decimal_point) == ","; }
+
+private:
+    const TempDirectory m_Folder;
+    const std::string m_Old;
+};
 
 TEST_F(FunctionTest, Numbers) {
     check({
@@ -151,6 +183,21 @@ TEST_F(FunctionTest, FormattedNumbers) {
         {"FormatPercent(-0.001, 1, -1, -1)", "String (-0.1)%"},
         {"FormatPercent(12.345)", "String 1,234.50%"},
     });
+}
+
+TEST_F(FunctionTest, TheLocaleOfTheProcessChangesNothing) {
+    const CommaLocale locale;
+    if (!locale.IsInPlace())
+        GTEST_SKIP() << "no locale with a decimal comma, and none to be made";
+    check({
+        {"\"\" & 1.5", "String 1.5"},
+        {"\"\" & (CDbl(\"1.5\") + Val(\"0.25\") + \"1,5\")", "String 2.75"},
+        {"CDbl(\"0x1.8p1\")", "Double 3"},
+        {"CDbl(\"1,5\")", "Double 1"},
+        {"FormatNumber(1234.5)", "String 1,234.50"},
+        {"UCase(\"\xC3\xA4z\")", "String \xC3\xA4Z"},
+    });
+    EXPECT_EQ(Text(UI_MacroVariant(1.5).DescribeVar()), "[number: 1.5]");
 }
 
 TEST_F(FunctionTest, TheHostMayChangeTheLocale) {

@@ -6,9 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <vector>
-
 namespace {
 
 class SystemFunctions : public testing::Test {
@@ -25,56 +22,6 @@ struct HooksInPlace {
     explicit HooksInPlace(const MacroHostHooks& hooks) { MacroSupport::SetHostHooks(hooks); }
     ~HooksInPlace() { MacroSupport::SetHostHooks(MacroHostHooks()); }
 };
-
-TEST_F(SystemFunctions, TakeTheseCountsOfArguments) {
-    HooksInPlace hooks([] {
-        MacroHostHooks silent;
-        silent.messageBox = [](const SYS_String&, int, const SYS_String&) { return 1; };
-        return silent;
-    }());
-    const std::string place = std::string(run.Folder().Path()) + "/none";
-    const struct {
-        const char* name;
-        MacroFunctionHandler handler;
-        std::vector<int> counts;
-    } cases[] = {
-        {"Command", MacroCommand, {0}},
-        {"CreateObject", MacroCreateObject, {1, 2}},
-        {"CurDir", MacroCurDir, {0, 1}},
-        {"Dir", MacroDir, {0, 1, 2}},
-        {"DoEvents", MacroDoEvents, {0}},
-        {"Environ", MacroEnviron, {1}},
-        {"EOF", MacroEOF, {1}},
-        {"GetObject", MacroGetObject, {1, 2}},
-        {"GetTmpFileName", MacroGetTmpFileName, {1}},
-        {"MkDir", MacroMkDir, {1}},
-        {"MoveFile", MacroMoveFile, {2}},
-        {"MsgBox", MacroMsgBox, {1, 2, 3, 5}},
-        {"ScriptEngine", MacroScriptEngine, {0}},
-        {"ScriptEngineBuildVersion", MacroScriptEngineBuildVersion, {0}},
-        {"ScriptEngineMajorVersion", MacroScriptEngineMajorVersion, {0}},
-        {"ScriptEngineMinorVersion", MacroScriptEngineMinorVersion, {0, 1, 2, 3, 4, 5, 6}},
-    };
-    for (const auto& row : cases) {
-        for (int count = 0; count <= 6; ++count) {
-            std::vector<UI_MacroVariant> arguments(6, UI_MacroVariant(place.c_str()));
-            if (row.handler == MacroEOF || row.handler == MacroMsgBox || row.handler == MacroDir)
-                arguments[0] = arguments[1] = 1;
-            int error = 0;
-            try {
-                row.handler(count, count ? arguments.data() : nullptr);
-            } catch (const MacroException&) {
-                error = run.Engine().GetLastErrorCode();
-            }
-            const bool isRight =
-                std::find(row.counts.begin(), row.counts.end(), count) != row.counts.end();
-            EXPECT_EQ(error, isRight ? 0 : 34) << row.name << " with " << count;
-        }
-    }
-    UI_MacroVariant leftOut;
-    leftOut.SetType(vvtMissing);
-    EXPECT_TRUE(MacroDoEvents(1, &leftOut).IsEmpty());
-}
 
 TEST_F(SystemFunctions, TellOfTheProcess) {
     TestPlatform platform;

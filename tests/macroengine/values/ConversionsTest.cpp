@@ -2,7 +2,6 @@
 
 #include <SCC_Variant.h>
 
-#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -163,21 +162,6 @@ TEST_F(ConversionsTest, RealTextIsThatOfPrintf) {
         expectSameAsPrintf(digits / 2);
         expectSameAsPrintf(std::ldexp(digits, static_cast<int>(random() % 80) - 60));
     }
-}
-
-// Runs only where the machine has such a locale.
-TEST_F(ConversionsTest, LocaleWithCommaChangesNothing) {
-    const std::string old = std::setlocale(LC_ALL, nullptr);
-    bool found = false;
-    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "fr_FR.utf8"})
-        found = found || std::setlocale(LC_ALL, name);
-    if (!found)
-        GTEST_SKIP() << "no locale with a decimal comma";
-    EXPECT_EQ(Text(static_cast<SYS_String>(UI_MacroVariant(1.5))), "1.5");
-    EXPECT_EQ(Text(UI_MacroVariant(1.5).DescribeVar()), "[number: 1.5]");
-    EXPECT_EQ(static_cast<double>(UI_MacroVariant("1.5")), 1.5);
-    EXPECT_EQ(static_cast<double>(UI_MacroVariant("0x1.8p1")), 3);
-    std::setlocale(LC_ALL, old.c_str());
 }
 
 TEST_F(ConversionsTest, StringAndIntegerWithFallback) {

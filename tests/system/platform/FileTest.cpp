@@ -138,28 +138,28 @@ TEST(FileTest, FailuresOfTheSystemAreTold) {
     {
         SFM_File file(directory.Path("full"));
         ASSERT_TRUE(file.Open("w"));
-        platform.writesBeforeFailure = 0;
+        platform.writes.left = 0;
         EXPECT_TRUE(file.Write("buffered", 8));
         EXPECT_FALSE(file.Flush());
-        platform.writesBeforeFailure = -1;
+        platform.writes.left = -1;
         EXPECT_TRUE(file.Write("more", 4));
         EXPECT_FALSE(file.Close()); // the first bytes are missing for good
         EXPECT_STREQ(directory.Read("full"), "more");
     }
-    platform.writesBeforeFailure = 0;
+    platform.writes.left = 0;
     SFM_File file(directory.Path("full"));
     ASSERT_TRUE(file.Open("w"));
     EXPECT_FALSE(file.Write(big));
     EXPECT_FALSE(file.Close());
-    platform.writesBeforeFailure = -1;
+    platform.writes.left = -1;
 
-    platform.readsBeforeFailure = 2;
+    platform.reads.left = 2;
     SYS_String text("before");
     file = directory.Path("big");
     ASSERT_TRUE(file.Open("r"));
     EXPECT_FALSE(file.ReadAll(text));
     EXPECT_TRUE(text.IsEmpty());
-    platform.readsBeforeFailure = -1;
+    platform.reads.left = -1;
 
     const std::size_t limit = SYS_String::GetMaxBytes();
     SYS_String::SetMaxBytes(50'000);

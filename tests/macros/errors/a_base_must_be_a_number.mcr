@@ -1,3 +1,0 @@
-Dim x
-x = True ^ 2
-' error: 2: Error: Invalid base: 

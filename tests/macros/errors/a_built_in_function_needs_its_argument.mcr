@@ -1,2 +1,0 @@
-Console.WriteLine Abs()
-' error: 1: Error: Incorrect function argument(s): 

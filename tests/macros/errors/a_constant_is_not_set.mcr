@@ -1,3 +1,0 @@
-Const c = 1
-Set c = Console
-' error: 2: Illegal assignment: 'c'

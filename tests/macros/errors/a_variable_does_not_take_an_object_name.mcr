@@ -1,3 +1,0 @@
-Dim consoles
-Dim console
-' error: 2: Error: Identifier is already in use: 

@@ -1,3 +1,0 @@
-Dim x
-Do : Loop
-' error: 2: Loop without end

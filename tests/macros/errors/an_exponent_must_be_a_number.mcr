@@ -1,3 +1,0 @@
-Dim x
-x = 2 ^ "2"
-' error: 2: Error: Invalid exponent: 

@@ -1,4 +1,0 @@
-Dim a
-If a Then
-Console.WriteLine a
-' error: 5: Syntax error: 

@@ -1,4 +1,0 @@
-Option Explicit
-For i = 1 To 2
-Next
-' error: 2: Variable is undefined : 'i'

@@ -1,3 +1,0 @@
-Option Explicit
-foo 1
-' error: 2: Variable is undefined : 'foo'

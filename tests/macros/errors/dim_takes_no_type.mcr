@@ -1,3 +1,0 @@
-Dim x
-Dim y As Long
-' error: 2: Syntax error: 

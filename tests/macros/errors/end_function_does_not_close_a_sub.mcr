@@ -1,3 +1,0 @@
-Sub s
-End Function
-' error: 2: Error: Not in sub: 

@@ -1,3 +1,0 @@
-x = 1
-End If
-' error: 2: Syntax error: 

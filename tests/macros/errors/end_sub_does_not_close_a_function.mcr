@@ -1,3 +1,0 @@
-Function f
-End Sub
-' error: 2: Error: Not in function: 

@@ -1,4 +1,0 @@
-While True
-Exit Do
-Wend
-' error: 2: Error: Do loop not found: 

@@ -1,5 +1,0 @@
-Sub s
-Exit Sub
-Exit Function
-End Sub
-' error: 3: Error: Not in function: 

@@ -1,3 +1,0 @@
-Dim a
-Exit Sub
-' error: 2: Error: Not in sub: 

@@ -1,3 +1,0 @@
-x = 1
-Goto x
-' error: 2: Syntax error: 

@@ -1,3 +1,0 @@
-x = 1
-Loop
-' error: 2: Syntax error: 

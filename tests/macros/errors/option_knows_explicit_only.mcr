@@ -1,2 +1,0 @@
-Option Compare
-' error: 1: Syntax error: 

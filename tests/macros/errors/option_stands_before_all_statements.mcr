@@ -1,3 +1,0 @@
-x = 1
-Option Explicit
-' error: 2: Expected statement

@@ -1,3 +1,0 @@
-Console.WriteLine "never"
-Console .WriteLine "x"
-' error: 2: Syntax error: 

@@ -1,3 +1,0 @@
-x = vbCrLf
-vbCrLf = 1
-' error: 2: Syntax error: 

@@ -1,5 +1,0 @@
-With Console
-.WriteLine "never"
-. WriteLine "x"
-End With
-' error: 3: Syntax error: 

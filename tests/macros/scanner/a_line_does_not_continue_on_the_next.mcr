@@ -1,3 +1,0 @@
-x = 1 + _
-2
-' error: 1: Syntax error: 

@@ -1,3 +1,0 @@
-x_ = 1
-_x = 1
-' error: 2: Syntax error: 

@@ -1,3 +1,0 @@
-x1 = "x"
-x2$ = "x"
-' error: 2: Syntax error: 
