@@ -63,6 +63,10 @@ void MacroSourceFile::Reset() {
     SetNextPosition(0);
     m_LineOffsets.Clear();
     m_LineOffsets.Append(0);
+    if (LineByLine()) { // a pause has closed it, and it may be another file by now
+        m_File.Close();
+        m_File.Open("r");
+    }
 }
 
 SYS_String MacroSourceFile::GetFileName() { return m_File.GetName(); }

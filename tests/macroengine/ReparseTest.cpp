@@ -406,3 +406,61 @@ TEST_F(ReparseTest, ARepairedStatementRunsAgain) {
     execute(source);
     EXPECT_EQ(log.lines, (Lines{"1"}));
 }
+
+TEST_F(ReparseTest, AFileIsReadAsItIsNow) {
+    class FileUnderDebugger : public MacroSourceFile {
+    public:
+        FileUnderDebugger(const char* name, Feed feed) : MacroSourceFile(name), m_Feed(feed) {}
+        bool LineByLine() override { return m_Feed == Feed::LineByLine; }
+        bool IsBreakPoint(long line) override {
+            if (line == 1)
+                Processor::GetProcessor()->SetExecutionMode(Processor::emPaused);
+            return line == 1 && !std::exchange(m_Asked, true);
+        }
+        void OnPause() override {
+            MacroSourceFile::OnPause();
+            onPause();
+            Processor::GetProcessor()->SetExecutionMode(Processor::emRun);
+        }
+        std::function<void()> onPause;
+
+    private:
+        const Feed m_Feed;
+        bool m_Asked = false;
+    };
+    for (const Feed feed : {Feed::Whole, Feed::LineByLine}) {
+        const TestFolder folder;
+        const std::string file = folder.Write("a.mcr", "Log.Add 1\nLog.Add 2\n");
+        const SCL_Pointer<FileUnderDebugger> source = new FileUnderDebugger(file.c_str(), feed);
+        int pauses = 0;
+        source->onPause = [&] {
+            if (++pauses > 1)
+                return;
+            std::filesystem::remove(file);
+            EXPECT_NE(errorOf([&] { parser().Reparse({{2, 1}}); }), "no error");
+            folder.Write("a.mcr", "' more\nLog.Add 1\nLog.Add 22\n");
+            EXPECT_TRUE(parser().Reparse({{0, 0}, {2, 2}}));
+        };
+        log.lines.clear();
+        execute(source);
+        EXPECT_EQ(log.lines, (Lines{"1", "22"}));
+    }
+}
+
+TEST_F(ReparseTest, ARemLineCountsTwiceInAWholeText) {
+    const SCL_Pointer<EditedSource> source = new EditedSource(
+        splitLines("rem one\nLog.Add 1\nx = \"rem \" : rem two\nLog.Add 2\nLog.Add 3\n"),
+        Feed::Whole);
+    parser().SetSource(source);
+    ASSERT_TRUE(parser().Parse());
+    source->lines[3] = "Log.Add 22";
+    EXPECT_TRUE(parser().Reparse({{2, 5}}));
+    source->lines.insert(source->lines.begin(), "Rem zero");
+    EXPECT_TRUE(parser().Reparse({{0, 0}, {0, 1}}));
+    source->lines[5] = "Log.Add 33";
+    EXPECT_TRUE(parser().Reparse({{2, 8}}));
+    log.lines.clear();
+    processor().SetExecutionMode(Processor::emRun);
+    processor().PlayBack(0, nullptr, nullptr);
+    EXPECT_EQ(log.lines, (Lines{"1", "22", "33"}));
+}
