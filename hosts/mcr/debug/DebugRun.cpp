@@ -47,6 +47,10 @@ MacroParser& DebugRun::processor() {
 
 // --- Running -----------------------------------------------------------------------------------
 
+void DebugRun::Prepare(ScriptFile& file) {
+    processor().SetSource(SCL_Pointer<MacroSource>(new DebugSource(file, *this)));
+}
+
 DebugRun::Outcome DebugRun::Run(ScriptFile& file, bool stopAtFirst) {
     Outcome outcome;
     m_Stopped = false;
@@ -71,6 +75,8 @@ DebugRun::Outcome DebugRun::Run(ScriptFile& file, bool stopAtFirst) {
                         ShortErrorText(error.GetText());
     }
     m_Halted = false;
+    if (m_Stopped)
+        Prepare(file); // the engine has let go of everything
     outcome.wasStopped = m_Stopped;
     const bool failed = m_Stopped ? m_Halt.reason == Halt::AfterError : !outcome.error.empty();
     if (failed)

@@ -34,6 +34,8 @@ public:
     DebugRun& operator=(const DebugRun&) = delete;
     ~DebugRun();
 
+    /// Makes a file the one that evaluations stand in while nothing runs.
+    void Prepare(ScriptFile& file);
     /// From the start to the end. Gives the exit code; an error that nobody stops at is told.
     struct Outcome {
         int code = ExitDone;

@@ -28,6 +28,7 @@ int Debugger::Main(const std::string& path) {
         WriteError("mcr: " + path + ": " + reason + "\n");
         return ExitUsage;
     }
+    m_Run.Prepare(*m_Main);
     tellBroken(*m_Main);
     while (!m_Quitting) {
         if (m_Starting)
