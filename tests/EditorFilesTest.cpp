@@ -20,6 +20,6 @@ TEST_P(EditorFiles, AreInOrder) {
 INSTANTIATE_TEST_SUITE_P(All, EditorFiles,
                          testing::Values("current", "grammar", "indentation", "snippets",
                                          "problems", "package"),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& each) { return each.param; });
 
 } // namespace
