@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace {
 
 bool failTest(const char* message, const char* file, int line) {
@@ -16,6 +18,7 @@ bool failTest(const char* message, const char* file, int line) {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    unsetenv("COLUMNS"); // macros ask for the width of the terminal
     kel_ns::SetAssertHandler(failTest);
     return RUN_ALL_TESTS();
 }

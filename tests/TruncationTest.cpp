@@ -13,6 +13,7 @@ constexpr int kStatements = 2000; // a cut may turn a loop into an endless one
 class Truncation : public EngineTest, public testing::WithParamInterface<MacroCase> {
 protected:
     Truncation() : m_Console("Console") {
+        fs::current_path(m_Folder.GetPath()); // a cut may write where the macro only reads
         macro.Register(m_Console, "Console");
         m_Console.On("Write", [] {});
         m_Console.On("WriteLine", [] {});
@@ -28,6 +29,8 @@ protected:
         MacroSupport::SetLimits(limits);
     }
 
+    ~Truncation() override { fs::current_path(m_Old); }
+
     void runCut(std::string_view text, Feed feed) {
         m_Left = kStatements;
         try {
@@ -39,6 +42,8 @@ protected:
     }
 
 private:
+    const fs::path m_Old = fs::current_path();
+    const TestFolder m_Folder;
     Recorder m_Console;
     int m_Left = 0;
 };
