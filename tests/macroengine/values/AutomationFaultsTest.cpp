@@ -170,6 +170,14 @@ TEST_F(AutomationFaults, AFailureMayLeaveAResultAndTexts) {
             EXPECT_EQ(error.GetDetail(), "Puppet: late");
         }
     }
+    puppet->onName = DISP_E_UNKNOWNNAME;
+    try {
+        execute(textSource("Set obj = CreateObject(\"Test.Puppet\")\nx = obj.Colour"));
+        ADD_FAILURE() << "no error";
+    } catch (const MacroException& error) {
+        EXPECT_EQ(error.GetText(), "Error: Member not found: ");
+        EXPECT_EQ(error.GetDetail(), "The object has no member 'Colour'");
+    }
     run("");
 }
 
