@@ -7,6 +7,7 @@
 #include <SCL_Path.h>
 #include <SFM_Directory.h>
 
+#include <ctime>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -29,10 +30,10 @@ fs::path systemPath(const SYS_String& path) {
 }
 
 /// The paths that a source stands for, at least one.
-std::vector<SYS_String> sources(const SYS_String& pattern, Wanted wanted) {
+std::vector<SYS_String> sources(const SYS_String& pattern, Wanted wanted, Match match) {
     const bool wantFolders = wanted == Wanted::Folders;
     std::vector<SYS_String> found;
-    if (HasPattern(pattern)) {
+    if (match == Match::Pattern && HasPattern(pattern)) {
         const SYS_String folder = ParentOf(pattern);
         const SYS_String name = FileNameOf(pattern);
         std::vector<PlatformDirectoryEntry> entries;
@@ -71,6 +72,11 @@ bool isLink(const SYS_String& path) {
     return fs::is_symlink(systemPath(path), ignored);
 }
 
+/// Of the two paths the failure tells the one that it is about: the source only if it is missing.
+void checkTransfer(PlatformStatus status, const SYS_String& from, const SYS_String& to) {
+    CheckFile(status, status != PlatformStatus::Ok && GetPlatform().Exists(from) ? to : from);
+}
+
 void copyFolder(const SYS_String& from, const SYS_String& to, bool overwrite) {
     const SYS_String inner = SCL::PathNormalize(to, true) + "/";
     if (inner.View().starts_with((SCL::PathNormalize(from, true) + "/").View()))
@@ -87,7 +93,7 @@ void copyFolder(const SYS_String& from, const SYS_String& to, bool overwrite) {
             const SYS_String path = JoinPath(source, entry.name);
             const SYS_String copy = JoinPath(target, entry.name);
             if (!entry.isDirectory)
-                CheckFile(GetPlatform().CopyFile(path, copy, overwrite), path);
+                checkTransfer(GetPlatform().CopyFile(path, copy, overwrite), path, copy);
             else if (!isLink(path)) // a link may lead back to where it stands
                 waiting.emplace_back(path, copy);
         }
@@ -101,11 +107,19 @@ void move(const std::vector<SYS_String>& found, const SYS_String& target) {
         const SYS_String moved = targetFor(path, target, into);
         if (GetPlatform().Exists(moved))
             CheckFile(PlatformStatus::AlreadyExists, moved);
-        CheckFile(GetPlatform().Move(path, moved, false), path);
+        checkTransfer(GetPlatform().Move(path, moved, false), path, moved);
     }
 }
 
 } // namespace
+
+SYS_String DateOf(LONGLONG seconds) {
+    const auto time = static_cast<std::time_t>(seconds);
+    char text[64] = "";
+    if (const std::tm* local = std::localtime(&time))
+        std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", local);
+    return text;
+}
 
 bool FileExists(const SYS_String& path) {
     return GetPlatform().Exists(path) && !GetPlatform().IsDirectory(path);
@@ -113,44 +127,44 @@ bool FileExists(const SYS_String& path) {
 
 bool FolderExists(const SYS_String& path) { return GetPlatform().IsDirectory(path); }
 
-void DeleteFiles(const SYS_String& pattern) {
-    for (const SYS_String& path : sources(pattern, Wanted::Files))
+void DeleteFiles(const SYS_String& source, Match match) {
+    for (const SYS_String& path : sources(source, Wanted::Files, match))
         CheckFile(GetPlatform().DeleteFile(path), path);
 }
 
-void DeleteFolders(const SYS_String& pattern) {
-    for (const SYS_String& path : sources(pattern, Wanted::Folders)) {
+void DeleteFolders(const SYS_String& source, Match match) {
+    for (const SYS_String& path : sources(source, Wanted::Folders, match)) {
         std::error_code error;
         fs::remove_all(systemPath(path), error);
         check(error, path);
     }
 }
 
-void CopyFiles(const SYS_String& pattern, const SYS_String& target, bool overwrite) {
-    const std::vector<SYS_String> found = sources(pattern, Wanted::Files);
+void CopyFiles(const SYS_String& source, const SYS_String& target, bool overwrite, Match match) {
+    const std::vector<SYS_String> found = sources(source, Wanted::Files, match);
     const bool into = isInto(target);
     refuseSeveral(found, target, into);
     for (const SYS_String& path : found) {
         const SYS_String copy = targetFor(path, target, into);
         if (!overwrite && GetPlatform().Exists(copy))
             CheckFile(PlatformStatus::AlreadyExists, copy);
-        CheckFile(GetPlatform().CopyFile(path, copy, overwrite), path);
+        checkTransfer(GetPlatform().CopyFile(path, copy, overwrite), path, copy);
     }
 }
 
-void CopyFolders(const SYS_String& pattern, const SYS_String& target, bool overwrite) {
+void CopyFolders(const SYS_String& source, const SYS_String& target, bool overwrite, Match match) {
     // Without a pattern or a separator the copy becomes the target, merged with what is there.
-    const bool into = HasPattern(pattern) || EndsInSeparator(target);
-    for (const SYS_String& path : sources(pattern, Wanted::Folders))
+    const bool into = (match == Match::Pattern && HasPattern(source)) || EndsInSeparator(target);
+    for (const SYS_String& path : sources(source, Wanted::Folders, match))
         copyFolder(path, targetFor(path, target, into), overwrite);
 }
 
-void MoveFiles(const SYS_String& pattern, const SYS_String& target) {
-    move(sources(pattern, Wanted::Files), target);
+void MoveFiles(const SYS_String& source, const SYS_String& target, Match match) {
+    move(sources(source, Wanted::Files, match), target);
 }
 
-void MoveFolders(const SYS_String& pattern, const SYS_String& target) {
-    move(sources(pattern, Wanted::Folders), target);
+void MoveFolders(const SYS_String& source, const SYS_String& target, Match match) {
+    move(sources(source, Wanted::Folders, match), target);
 }
 
 double SizeOfFolder(const SYS_String& path) {

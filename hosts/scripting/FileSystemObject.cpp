@@ -1,6 +1,5 @@
 #include "FileSystemObject.h"
 
-#include "FileFailure.h"
 #include "FileOperations.h"
 #include "Folders.h"
 #include "PathNames.h"
@@ -56,7 +55,9 @@ COleVariant FileSystemObject::CreateTextFile(const Arguments& arguments) {
 }
 
 COleVariant FileSystemObject::OpenTextFile(const Arguments& arguments) {
-    return OpenText(arguments.Text(0), arguments, 1);
+    const SYS_String path = arguments.Text(0);
+    return OpenText(path, arguments.Integer(1, 1), arguments.Truth(2, false),
+                    FormatIn(arguments, 3, path));
 }
 
 COleVariant FileSystemObject::GetFile(const Arguments& arguments) {
@@ -74,9 +75,7 @@ COleVariant FileSystemObject::GetSpecialFolder(const Arguments& arguments) {
 }
 
 COleVariant FileSystemObject::CreateFolder(const Arguments& arguments) {
-    const SYS_String path = arguments.Text(0);
-    CheckFile(GetPlatform().MakeDirectory(path), path);
-    return Folder::Make(path);
+    return Folder::Create(arguments.Text(0));
 }
 
 void FileSystemObject::DeleteFile(const Arguments& arguments) { DeleteFiles(arguments.Text(0)); }

@@ -19,33 +19,52 @@ template <class T> COleVariant ownNew(T* object) {
     return automation::Own(static_cast<IDispatch*>(object));
 }
 
+PlatformFileInfo infoOf(const SYS_String& path) {
+    PlatformFileInfo info;
+    CheckFile(GetPlatform().GetInfo(path, info), path);
+    return info;
+}
+
 } // namespace
 
 // --- text files --------------------------------------------------------------------------------
 
 COleVariant CreateText(const SYS_String& path, const Arguments& arguments, UINT first) {
     const bool overwrite = arguments.Truth(first, true);
+    const bool isWide = arguments.Truth(first + 1, false);
     return TextStream::Open(path, StreamMode::Writing,
                             overwrite ? PlatformCreation::CreateAlways
-                                      : PlatformCreation::CreateNew);
+                                      : PlatformCreation::CreateNew,
+                            isWide ? TextFormat::Wide : TextFormat::Bytes);
 }
 
-COleVariant OpenText(const SYS_String& path, const Arguments& arguments, UINT first) {
-    const LONGLONG mode = arguments.Integer(first, 1);
-    const bool create = arguments.Truth(first + 1, false);
+TextFormat FormatIn(const Arguments& arguments, UINT index, const SYS_String& path) {
+    const LONGLONG format = arguments.Integer(index, 0);
+    switch (format) {
+    case 0:
+        return TextFormat::Bytes;
+    case -1:
+        return TextFormat::Wide;
+    case -2:
+        return TextStream::FormatOf(path);
+    default:
+        SYS_String text = "The format of a text is 0 (bytes), -1 (16 bits) or -2 (as it is), not ";
+        throw Failure(text << format);
+    }
+}
+
+COleVariant OpenText(const SYS_String& path, LONGLONG mode, bool create, TextFormat format) {
+    if (mode == 2 && !create && !GetPlatform().Exists(path))
+        CheckFile(PlatformStatus::NotFound, path);
+    const PlatformCreation creation =
+        create ? PlatformCreation::OpenAlways : PlatformCreation::OpenExisting;
     switch (mode) {
     case 1:
-        return TextStream::Open(path, StreamMode::Reading,
-                                create ? PlatformCreation::OpenAlways
-                                       : PlatformCreation::OpenExisting);
+        return TextStream::Open(path, StreamMode::Reading, creation, format);
     case 2:
-        if (!create && !GetPlatform().Exists(path))
-            CheckFile(PlatformStatus::NotFound, path);
-        return TextStream::Open(path, StreamMode::Writing, PlatformCreation::CreateAlways);
+        return TextStream::Open(path, StreamMode::Writing, PlatformCreation::CreateAlways, format);
     case 8:
-        return TextStream::Open(path, StreamMode::Appending,
-                                create ? PlatformCreation::OpenAlways
-                                       : PlatformCreation::OpenExisting);
+        return TextStream::Open(path, StreamMode::Appending, creation, format);
     default:
         SYS_String text = "A file is opened for reading (1), writing (2) or appending (8), not ";
         throw Failure(text << mode);
@@ -55,6 +74,32 @@ COleVariant OpenText(const SYS_String& path, const Arguments& arguments, UINT fi
 // --- FileSystemEntry ---------------------------------------------------------------------------
 
 SYS_String FileSystemEntry::GetName() const { return FileNameOf(m_Path); }
+
+void FileSystemEntry::SetName(const Arguments& arguments) {
+    const SYS_String name = arguments.Text(0);
+    if (name.IsEmpty() || name.View().find_first_of("/\\") != std::string_view::npos)
+        CheckFile(PlatformStatus::Invalid, name);
+    const SYS_String target = JoinPath(ParentOf(m_Path), name);
+    if (target == m_Path)
+        return;
+    if (GetPlatform().Exists(target))
+        CheckFile(PlatformStatus::AlreadyExists, target);
+    moveTo(target);
+    m_Path = target;
+}
+
+void FileSystemEntry::Move(const Arguments& arguments) {
+    const SYS_String target = arguments.Text(0);
+    const bool into = EndsInSeparator(target) || FolderExists(target);
+    moveTo(target);
+    m_Path = SCL::PathNormalize(into ? JoinPath(target, GetName()) : target, true);
+}
+
+SYS_String FileSystemEntry::GetDateCreated() const { return DateOf(infoOf(m_Path).created); }
+
+SYS_String FileSystemEntry::GetDateLastAccessed() const { return DateOf(infoOf(m_Path).accessed); }
+
+SYS_String FileSystemEntry::GetDateLastModified() const { return DateOf(infoOf(m_Path).modified); }
 
 COleVariant FileSystemEntry::GetParentFolder() const {
     const SYS_String parent = ParentOf(m_Path);
@@ -67,7 +112,19 @@ struct EntryMembers {
         return automation::Property<&FileSystemEntry::GetPath>("Path").Default();
     }
     static automation::Member Name() {
-        return automation::Property<&FileSystemEntry::GetName>("Name");
+        return automation::Property<&FileSystemEntry::GetName, &FileSystemEntry::SetName>("Name");
+    }
+    static automation::Member Move() {
+        return automation::Method<&FileSystemEntry::Move>("Move", 1);
+    }
+    static automation::Member DateCreated() {
+        return automation::Property<&FileSystemEntry::GetDateCreated>("DateCreated");
+    }
+    static automation::Member DateLastAccessed() {
+        return automation::Property<&FileSystemEntry::GetDateLastAccessed>("DateLastAccessed");
+    }
+    static automation::Member DateLastModified() {
+        return automation::Property<&FileSystemEntry::GetDateLastModified>("DateLastModified");
     }
     static automation::Member ParentFolder() {
         return automation::Property<&FileSystemEntry::GetParentFolder>("ParentFolder");
@@ -88,38 +145,35 @@ const automation::Members& File::GetMembers() const {
                     EntryMembers::Path(),
                     EntryMembers::Name(),
                     EntryMembers::ParentFolder(),
+                    EntryMembers::DateCreated(),
+                    EntryMembers::DateLastAccessed(),
+                    EntryMembers::DateLastModified(),
                     automation::Property<&File::GetSize>("Size"),
                     automation::Method<&File::Delete>("Delete", 0, 1),
                     automation::Method<&File::Copy>("Copy", 1, 1),
-                    automation::Method<&File::Move>("Move", 1),
+                    EntryMembers::Move(),
                     automation::Method<&File::OpenAsTextStream>("OpenAsTextStream", 0, 2),
                 });
     return members;
 }
 
 COleVariant File::GetSize() const {
-    PlatformFileInfo info;
-    CheckFile(GetPlatform().GetInfo(m_Path, info), m_Path);
+    const PlatformFileInfo info = infoOf(m_Path);
     if (info.size == static_cast<LONG>(info.size))
         return COleVariant(static_cast<LONG>(info.size));
     return COleVariant(static_cast<LONGLONG>(info.size));
 }
 
-void File::Delete() { DeleteFiles(m_Path); }
+void File::Delete() { DeleteFiles(m_Path, Match::Name); }
 
 void File::Copy(const Arguments& arguments) {
-    CopyFiles(m_Path, arguments.Text(0), arguments.Truth(1, true));
+    CopyFiles(m_Path, arguments.Text(0), arguments.Truth(1, true), Match::Name);
 }
 
-void File::Move(const Arguments& arguments) {
-    const SYS_String target = arguments.Text(0);
-    const bool into = EndsInSeparator(target) || FolderExists(target);
-    MoveFiles(m_Path, target);
-    m_Path = SCL::PathNormalize(into ? JoinPath(target, GetName()) : target, true);
-}
+void File::moveTo(const SYS_String& target) { MoveFiles(m_Path, target, Match::Name); }
 
 COleVariant File::OpenAsTextStream(const Arguments& arguments) {
-    return OpenText(m_Path, arguments, 0);
+    return OpenText(m_Path, arguments.Integer(0, 1), false, FormatIn(arguments, 1, m_Path));
 }
 
 // --- Folder ------------------------------------------------------------------------------------
@@ -130,6 +184,11 @@ COleVariant Folder::Make(const SYS_String& path) {
     return ownNew(new Folder(SCL::PathNormalize(path, true)));
 }
 
+COleVariant Folder::Create(const SYS_String& path) {
+    CheckFile(GetPlatform().MakeDirectory(path), path);
+    return Make(path);
+}
+
 const automation::Members& Folder::GetMembers() const {
     using F = Folder;
     static const automation::Members members(
@@ -137,13 +196,16 @@ const automation::Members& Folder::GetMembers() const {
                       EntryMembers::Path(),
                       EntryMembers::Name(),
                       EntryMembers::ParentFolder(),
+                      EntryMembers::DateCreated(),
+                      EntryMembers::DateLastAccessed(),
+                      EntryMembers::DateLastModified(),
                       automation::Property<&F::GetFiles>("Files"),
                       automation::Property<&F::GetSubFolders>("SubFolders"),
                       automation::Property<&F::GetSize>("Size"),
                       automation::Property<&F::IsRootFolder>("IsRootFolder"),
                       automation::Method<&F::Delete>("Delete", 0, 1),
                       automation::Method<&F::Copy>("Copy", 1, 1),
-                      automation::Method<&F::Move>("Move", 1),
+                      EntryMembers::Move(),
                       automation::Method<&F::CreateTextFile>("CreateTextFile", 1, 2),
                   });
     return members;
@@ -157,18 +219,13 @@ double Folder::GetSize() const { return SizeOfFolder(m_Path); }
 
 bool Folder::IsRootFolder() const { return ParentOf(m_Path).IsEmpty(); }
 
-void Folder::Delete() { DeleteFolders(m_Path); }
+void Folder::Delete() { DeleteFolders(m_Path, Match::Name); }
 
 void Folder::Copy(const Arguments& arguments) {
-    CopyFolders(m_Path, arguments.Text(0), arguments.Truth(1, true));
+    CopyFolders(m_Path, arguments.Text(0), arguments.Truth(1, true), Match::Name);
 }
 
-void Folder::Move(const Arguments& arguments) {
-    const SYS_String target = arguments.Text(0);
-    const bool into = EndsInSeparator(target) || FolderExists(target);
-    MoveFolders(m_Path, target);
-    m_Path = SCL::PathNormalize(into ? JoinPath(target, GetName()) : target, true);
-}
+void Folder::moveTo(const SYS_String& target) { MoveFolders(m_Path, target, Match::Name); }
 
 COleVariant Folder::CreateTextFile(const Arguments& arguments) {
     return CreateText(JoinPath(m_Path, arguments.Text(0)), arguments, 1);
@@ -182,6 +239,7 @@ const automation::Members& FolderList::GetMembers() const {
         "FolderList", {
                           automation::Property<&F::GetCount>("Count"),
                           automation::Property<&F::GetItem>("Item", 1).Default(),
+                          automation::Method<&F::Add>("Add", 1),
                           automation::Enumerator<&F::NewEnum>(),
                       });
     return members;
@@ -205,6 +263,12 @@ LONG FolderList::GetCount() const { return static_cast<LONG>(list().size()); }
 
 COleVariant FolderList::GetItem(const Arguments& arguments) const {
     return make(JoinPath(m_Path, arguments.Text(0)));
+}
+
+COleVariant FolderList::Add(const Arguments& arguments) const {
+    if (!m_OfFolders)
+        throw Failure(DISP_E_MEMBERNOTFOUND);
+    return Folder::Create(JoinPath(m_Path, arguments.Text(0)));
 }
 
 IUnknown* FolderList::NewEnum() const {

@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "TextStream.h"
+
 namespace scripting {
 
 using kel_ns::SYS_String;
@@ -16,8 +18,17 @@ protected:
 
     const SYS_String& GetPath() const { return m_Path; }
     SYS_String GetName() const;
+    /// Renames it where it stands.
+    void SetName(const automation::Arguments& arguments);
+    void Move(const automation::Arguments& arguments);
+    // Local time as "2024-05-01 13:45:00", so that the later text is the greater one.
+    SYS_String GetDateCreated() const;
+    SYS_String GetDateLastAccessed() const;
+    SYS_String GetDateLastModified() const;
     /// Nothing for the root.
     COleVariant GetParentFolder() const;
+
+    virtual void moveTo(const SYS_String& target) = 0;
 
     friend struct EntryMembers;
 
@@ -34,10 +45,11 @@ public:
 private:
     using FileSystemEntry::FileSystemEntry;
 
+    void moveTo(const SYS_String& target) override;
+
     COleVariant GetSize() const;
     void Delete();
     void Copy(const automation::Arguments& arguments);
-    void Move(const automation::Arguments& arguments);
     COleVariant OpenAsTextStream(const automation::Arguments& arguments);
 };
 
@@ -45,11 +57,15 @@ class Folder final : public FileSystemEntry {
 public:
     /// Raises: Failure if there is no such folder.
     static COleVariant Make(const SYS_String& path);
+    /// Makes one on the disk. Raises: Failure.
+    static COleVariant Create(const SYS_String& path);
 
     const automation::Members& GetMembers() const override;
 
 private:
     using FileSystemEntry::FileSystemEntry;
+
+    void moveTo(const SYS_String& target) override;
 
     COleVariant GetFiles() const;
     COleVariant GetSubFolders() const;
@@ -57,7 +73,6 @@ private:
     bool IsRootFolder() const;
     void Delete();
     void Copy(const automation::Arguments& arguments);
-    void Move(const automation::Arguments& arguments);
     COleVariant CreateTextFile(const automation::Arguments& arguments);
 };
 
@@ -73,15 +88,19 @@ private:
     COleVariant make(const SYS_String& path) const;
     LONG GetCount() const;
     COleVariant GetItem(const automation::Arguments& arguments) const;
+    /// Makes a folder. Raises: DISP_E_MEMBERNOTFOUND in a list of files.
+    COleVariant Add(const automation::Arguments& arguments) const;
     IUnknown* NewEnum() const;
 
     SYS_String m_Path;
     bool m_OfFolders;
 };
 
-/// Makes and opens a text file as `CreateTextFile` and `OpenTextFile` do, the arguments behind the
-/// path beginning at `first`.
+/// Makes a text file as `CreateTextFile` does, the arguments behind the path beginning at `first`.
 COleVariant CreateText(const SYS_String& path, const automation::Arguments& arguments, UINT first);
-COleVariant OpenText(const SYS_String& path, const automation::Arguments& arguments, UINT first);
+/// Opens one for reading (1), writing (2) or appending (8).
+COleVariant OpenText(const SYS_String& path, LONGLONG mode, bool create, TextFormat format);
+/// The format that an argument asks for: bytes (0), 16 bits (-1), or as the file has it (-2).
+TextFormat FormatIn(const automation::Arguments& arguments, UINT index, const SYS_String& path);
 
 } // namespace scripting

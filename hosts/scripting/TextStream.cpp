@@ -24,20 +24,41 @@ LONGLONG countIn(const Arguments& arguments) {
 
 } // namespace
 
-COleVariant TextStream::Open(const SYS_String& path, StreamMode mode, PlatformCreation creation) {
+COleVariant TextStream::Open(const SYS_String& path, StreamMode mode, PlatformCreation creation,
+                             TextFormat format) {
     PlatformFileOptions options;
     options.access = mode == StreamMode::Reading ? PlatformAccessRead : PlatformAccessWrite;
     options.creation = creation;
     options.append = mode == StreamMode::Appending;
     std::unique_ptr<PlatformFile> file;
     CheckFile(GetPlatform().OpenFile(path, options, file), path);
-    return automation::Own(static_cast<IDispatch*>(new TextStream(path, mode, std::move(file))));
+    auto* stream = new TextStream(path, mode, format, std::move(file));
+    COleVariant result = automation::Own(static_cast<IDispatch*>(stream));
+    stream->begin();
+    return result;
+}
+
+TextFormat TextStream::FormatOf(const SYS_String& path) {
+    std::unique_ptr<PlatformFile> file;
+    char mark[kWideMark.size()] = {};
+    std::size_t got = 0;
+    if (GetPlatform().OpenFile(path, {}, file) != PlatformStatus::Ok ||
+        file->Read(mark, sizeof mark, got) != PlatformStatus::Ok)
+        return TextFormat::Bytes;
+    return std::string_view(mark, got) == kWideMark ? TextFormat::Wide : TextFormat::Bytes;
+}
+
+void TextStream::begin() {
+    if (m_Mode == StreamMode::Appending)
+        CheckFile(m_File->GetSize(m_Before), m_Path);
+    if (m_Mode != StreamMode::Reading && m_Format == TextFormat::Wide && m_Before == 0)
+        CheckFile(m_File->Write(kWideMark.data(), kWideMark.size()), m_Path);
 }
 
 TextStream::~TextStream() {
     try {
         if (m_File)
-            flush();
+            write(*m_File, true);
     } catch (const std::exception&) { // nobody is left to be told
     }
 }
@@ -70,25 +91,32 @@ void TextStream::needOpen() const {
         throw Failure("The file is closed: '" + m_Path + "'");
 }
 
-void TextStream::needReading() {
+void TextStream::needReadable() const {
     needOpen();
     if (m_Mode != StreamMode::Reading)
         throw Failure("The file is not open for reading: '" + m_Path + "'");
+}
+
+void TextStream::needReading() {
+    needReadable();
     if (!fill())
         throw Failure("The end of the file has been reached: '" + m_Path + "'");
 }
 
 /// Makes sure that something can be taken from the buffer; false at the end of the file.
 bool TextStream::fill() {
-    if (m_Next < m_Buffer.size())
-        return true;
-    m_Buffer.resize(kBlock);
-    m_Next = 0;
-    std::size_t got = 0;
-    const PlatformStatus status = m_File->Read(m_Buffer.data(), m_Buffer.size(), got);
-    m_Buffer.resize(got);
-    CheckFile(status, m_Path);
-    return got > 0;
+    for (std::size_t got = 1; got > 0 && m_Next == m_Buffer.size();) {
+        m_Buffer.resize(static_cast<std::size_t>(std::min(m_Limit, LONGLONG{kBlock})));
+        m_Next = 0;
+        got = 0;
+        const PlatformStatus status = m_File->Read(m_Buffer.data(), m_Buffer.size(), got);
+        m_Buffer.resize(got);
+        CheckFile(status, m_Path);
+        m_Limit -= static_cast<LONGLONG>(got);
+        if (m_Format == TextFormat::Wide)
+            m_Buffer = m_Reader.Decode(m_Buffer, got == 0);
+    }
+    return m_Next < m_Buffer.size();
 }
 
 /// Keeps `Line` and `Column` at the place behind the text.
@@ -165,8 +193,8 @@ void TextStream::SkipLine() {
 }
 
 bool TextStream::IsAtEndOfStream() {
-    needOpen();
-    return m_Mode != StreamMode::Reading || !fill();
+    needReadable();
+    return !fill();
 }
 
 bool TextStream::IsAtEndOfLine() {
@@ -174,6 +202,36 @@ bool TextStream::IsAtEndOfLine() {
         return true;
     const char next = m_Buffer[m_Next];
     return next == '\n' || next == '\r';
+}
+
+// --- place -------------------------------------------------------------------------------------
+
+/// The lines that an appended file began with are counted when somebody asks for the place.
+void TextStream::countWhatWasThere() {
+    if (m_Before == 0)
+        return;
+    std::unique_ptr<PlatformFile> file;
+    CheckFile(GetPlatform().OpenFile(m_Path, {}, file), m_Path);
+    const COleVariant owner = automation::Own(static_cast<IDispatch*>(
+        new TextStream(m_Path, StreamMode::Reading, m_Format, std::move(file))));
+    auto& before = static_cast<TextStream&>(*owner.pdispVal);
+    before.m_Limit = m_Before;
+    while (before.fill())
+        static_cast<void>(before.take(kBlock));
+    m_Before = 0;
+    if (m_Line == 1)
+        m_Column += before.m_Column - 1;
+    m_Line += before.m_Line - 1;
+}
+
+LONG TextStream::GetLine() {
+    countWhatWasThere();
+    return m_Line;
+}
+
+LONG TextStream::GetColumn() {
+    countWhatWasThere();
+    return m_Column;
 }
 
 // --- writing -----------------------------------------------------------------------------------
@@ -188,15 +246,18 @@ void TextStream::put(std::string_view text) {
     m_Buffer.append(text);
     advance(text);
     if (m_Buffer.size() >= kBlock)
-        flush();
+        write(*m_File, false);
 }
 
-void TextStream::flush() {
-    if (m_Mode == StreamMode::Reading || m_Buffer.empty())
+void TextStream::write(PlatformFile& file, bool isLast) {
+    if (m_Mode == StreamMode::Reading)
         return;
     std::string text;
     text.swap(m_Buffer);
-    CheckFile(m_File->Write(text.data(), text.size()), m_Path);
+    if (m_Format == TextFormat::Wide)
+        text = m_Writer.Encode(text, isLast);
+    if (!text.empty())
+        CheckFile(file.Write(text.data(), text.size()), m_Path);
 }
 
 void TextStream::Write(const Arguments& arguments) {
@@ -221,8 +282,7 @@ void TextStream::Close() {
     if (!m_File)
         return;
     const std::unique_ptr<PlatformFile> file = std::move(m_File);
-    if (m_Mode != StreamMode::Reading && !m_Buffer.empty())
-        CheckFile(file->Write(m_Buffer.data(), m_Buffer.size()), m_Path);
+    write(*file, true);
     m_Buffer.clear();
     CheckFile(file->Close(), m_Path);
 }

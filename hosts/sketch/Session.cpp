@@ -5,6 +5,7 @@
 #include "SvgWriter.h"
 
 #include <SYS_Exception.h>
+#include <Scripting.h>
 
 #include <filesystem>
 #include <iostream>
@@ -33,6 +34,7 @@ Session::Session() {
     m_Macro.Register(m_App, nullptr);
     m_Macro.Register(m_App.GetDocument(), nullptr);
     m_Macro.Register(m_App.GetOptions(), nullptr);
+    scripting::Register();
     MacroSupport::GetProcessor()->InitBackgroundMode(); // looks for --log itself
 }
 
@@ -59,8 +61,10 @@ bool Session::Play(const std::string& path, int& code) {
                processor.GetLastErrorText().c_str());
     } catch (const MacroException& failure) {
         const SYS_String& file = failure.GetFilePath();
-        report(place(file.IsEmpty() ? path : file.c_str(), failure.GetPosition() + 1) +
-               failure.GetText().c_str());
+        std::string text(failure.GetText().View());
+        if (!failure.GetDetail().IsEmpty())
+            text += "\n  " + std::string(failure.GetDetail().View());
+        report(place(file.IsEmpty() ? path : file.c_str(), failure.GetPosition() + 1) + text);
     } catch (const SYS_Exception& failure) {
         report(std::string("sketch: ") + failure.GetText().c_str());
     } catch (const std::exception& failure) {

@@ -85,6 +85,10 @@ KEL_MCR_API HRESULT CLSIDFromProgID(LPCOLESTR progId, CLSID* classId);
 KEL_MCR_API HRESULT CoCreateInstance(REFCLSID classId, IUnknown* outer, DWORD context, REFIID iid,
                                      void** object);
 KEL_MCR_API HRESULT GetActiveObject(REFCLSID classId, void* reserved, IUnknown** object);
+// The way to the table of running objects.
+KEL_MCR_API HRESULT CreateBindCtx(DWORD reserved, IBindCtx** context);
+// Null is fine.
+KEL_MCR_API void CoTaskMemFree(void* memory);
 
 // Objects on other machines, objects made from files and type libraries in files do not exist
 // here: these always fail.

@@ -65,6 +65,10 @@ inline constexpr GUID GUID_NULL = {0, 0, 0, {0, 0, 0, 0, 0, 0, 0, 0}};
 inline constexpr IID IID_NULL = GUID_NULL;
 inline constexpr IID IID_IUnknown = {0x00000000, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_IDispatch = {0x00020400, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_IBindCtx = {0x0000000E, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_IMoniker = {0x0000000F, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_IRunningObjectTable = {0x00000010, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+inline constexpr IID IID_IEnumMoniker = {0x00000102, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_ITypeInfo = {0x00020401, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_ITypeLib = {0x00020402, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 inline constexpr IID IID_ITypeComp = {0x00020403, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
@@ -299,6 +303,46 @@ struct IEnumVARIANT : IUnknown {
 
 protected:
     ~IEnumVARIANT() = default;
+};
+
+// Running objects, as far as looking for one by its name is concerned.
+
+struct IBindCtx;
+
+struct IMoniker : IUnknown {
+    // The receiver frees the name with CoTaskMemFree.
+    virtual HRESULT STDMETHODCALLTYPE GetDisplayName(IBindCtx* context, IMoniker* toLeft,
+                                                     LPOLESTR* name) = 0;
+
+protected:
+    ~IMoniker() = default;
+};
+
+struct IEnumMoniker : IUnknown {
+    // Gives up to `count` names; S_FALSE if there were fewer.
+    virtual HRESULT STDMETHODCALLTYPE Next(ULONG count, IMoniker** monikers, ULONG* fetched) = 0;
+    virtual HRESULT STDMETHODCALLTYPE Skip(ULONG count) = 0;
+    virtual HRESULT STDMETHODCALLTYPE Reset() = 0;
+    virtual HRESULT STDMETHODCALLTYPE Clone(IEnumMoniker** copy) = 0;
+
+protected:
+    ~IEnumMoniker() = default;
+};
+
+struct IRunningObjectTable : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE GetObject(IMoniker* moniker, IUnknown** object) = 0;
+    // Over what is running now.
+    virtual HRESULT STDMETHODCALLTYPE EnumRunning(IEnumMoniker** monikers) = 0;
+
+protected:
+    ~IRunningObjectTable() = default;
+};
+
+struct IBindCtx : IUnknown {
+    virtual HRESULT STDMETHODCALLTYPE GetRunningObjectTable(IRunningObjectTable** table) = 0;
+
+protected:
+    ~IBindCtx() = default;
 };
 
 // Type libraries, as far as the constants in them are concerned.

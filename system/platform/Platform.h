@@ -82,7 +82,10 @@ protected:
 struct PlatformFileInfo {
     bool isDirectory = false;
     __int64 size = 0;
-    __int64 modified = 0; ///< seconds since 1970, UTC
+    // Seconds since 1970, UTC.
+    __int64 modified = 0;
+    __int64 accessed = 0;
+    __int64 created = 0; ///< the earliest time known, if the system does not keep this one
 };
 
 struct PlatformDirectoryEntry {

@@ -45,6 +45,11 @@ public:
         } else if (name == "action") {
             *kind = DESCKIND_FUNCDESC;
             binding->lpfuncdesc = reinterpret_cast<FUNCDESC*>(&description);
+        } else if (name == "field") { // of an object: it has a place, and no value
+            *kind = DESCKIND_VARDESC;
+            description.varkind = VAR_PERINSTANCE;
+            description.oInst = 8;
+            binding->lpvardesc = &description;
         } else if (constants.count(name)) {
             *kind = DESCKIND_VARDESC;
             description.varkind = VAR_CONST;
@@ -113,8 +118,9 @@ TEST_F(TypeLibrary, StandsBehindObjectsAndFunctionsAndBeforeTheRest) {
 }
 
 TEST_F(TypeLibrary, GetsBackWhatItGave) {
-    EXPECT_EQ(runText("action = 3\ninner = 4\nbroken = 5\nLog.Add action + inner + broken"),
-              Lines{"12"});
+    EXPECT_EQ(runText("action = 3\ninner = 4\nbroken = 5\nfield = 6\n"
+                      "Log.Add action + inner + broken + field"),
+              Lines{"18"});
     EXPECT_GT(names.asked, 0);
     library.names = nullptr;
     EXPECT_EQ(runText("acRed = 6\nLog.Add acRed"), Lines{"6"});

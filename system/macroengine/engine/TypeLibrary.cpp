@@ -38,7 +38,8 @@ public:
 
     /// Null if the name is no constant.
     const VARIANT* GetConstant() const {
-        const bool isConstant = m_Kind == DESCKIND_VARDESC && m_Found.lpvardesc;
+        const bool isConstant = m_Kind == DESCKIND_VARDESC && m_Found.lpvardesc &&
+                                m_Found.lpvardesc->varkind == VAR_CONST;
         return isConstant ? m_Found.lpvardesc->lpvarValue : nullptr;
     }
 

@@ -5,6 +5,7 @@
 #include <SYS_Unicode.h>
 #include <UI_MacroVariant.h>
 
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -181,6 +182,34 @@ int takeFromServer(UI_MacroVariant& value, REFCLSID classId) {
     return takeObject(value, made.Get());
 }
 
+SYS_String displayName(IMoniker& moniker, IBindCtx& context) {
+    LPOLESTR wide = nullptr;
+    if (FAILED(moniker.GetDisplayName(&context, nullptr, &wide)) || !wide)
+        return {};
+    const std::unique_ptr<OLECHAR, decltype(&CoTaskMemFree)> owner(wide, &CoTaskMemFree);
+    return SYS_FromUtf16(wide);
+}
+
+int takeRunning(UI_MacroVariant& value, const char* path) {
+    Counted<IBindCtx> context;
+    Counted<IRunningObjectTable> table;
+    Counted<IEnumMoniker> monikers;
+    if (!isText(path) || FAILED(CreateBindCtx(0, context.Out())) ||
+        FAILED(context->GetRunningObjectTable(table.Out())) ||
+        FAILED(table->EnumRunning(monikers.Out())))
+        return 0;
+    const SYS_StrNoCase wanted(path);
+    for (;;) {
+        Counted<IMoniker> moniker;
+        if (monikers->Next(1, moniker.Out(), nullptr) != S_OK)
+            return 0;
+        Counted<IUnknown> running;
+        if (wanted == displayName(*moniker.Get(), *context.Get()) &&
+            SUCCEEDED(table->GetObject(moniker.Get(), running.Out())))
+            return takeObject(value, running.Get());
+    }
+}
+
 } // namespace
 
 // --- conversion ------------------------------------------------------------------------------
@@ -264,7 +293,5 @@ int UI_MacroVariant::GetObject(const char* path, const char* className) {
     } else if (hasClass && takeFromServer(*this, classId)) {
         return 1;
     }
-    Counted<IUnknown> running;
-    *running.Out() = automation::FindRunning(path);
-    return takeObject(*this, running.Get());
+    return takeRunning(*this, path);
 }

@@ -20,6 +20,16 @@ namespace {
     throw MacroException(text, SYS_String(), 0, nullptr);
 }
 
+/// The text has no place for the name, so it goes along with it.
+UI_MacroVariant failUnknownMember(const char* name) {
+    try {
+        return Fail(errMemberNotFound);
+    } catch (MacroException& error) {
+        error.SetDetail(SYS_String("The object has no member '") + name + "'");
+        throw;
+    }
+}
+
 } // namespace
 
 UI_MacroVariant UI_MacroVariant::Evaluate(const char* name, UI_MacroVariant* args, int argc) {
@@ -72,7 +82,7 @@ UI_MacroVariant UI_MacroVariant::Evaluate(const char* name, UI_MacroVariant* arg
     const HRESULT result =
         object.m_Payload.dispatch->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
     if (result == DISP_E_UNKNOWNNAME)
-        return Fail(errMemberNotFound);
+        return failUnknownMember(name);
     if (FAILED(result))
         return Fail("GetIDsOfNames failed");
     object.m_IdOrArrayType = id;

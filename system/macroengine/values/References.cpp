@@ -371,10 +371,12 @@ bool UI_MacroVariant::IsObjectSame(UI_MacroVariant& other) {
     UI_MacroVariant* b = other.getObject(true);
     if (!a || !b)
         return false;
-    if (a->IsMacroEval() || b->IsMacroEval())
+    const auto isAutomation = [](const UI_MacroVariant& value) {
+        return value.m_Type == vvtObject || value.m_Type == vvtUnknown;
+    };
+    if (a == b || !isAutomation(*a) || !isAutomation(*b))
         return a == b;
-    if (a->m_Type == vvtFunction || b->m_Type == vvtFunction)
-        return a == b;
+    // Also the one that a name of the host stands for.
     IUnknown* left = a->m_Type == vvtObject ? a->m_Payload.dispatch : a->GetUnknownVal();
     IUnknown* right = b->m_Type == vvtObject ? b->m_Payload.dispatch : b->GetUnknownVal();
     if (left == right || !left || !right)

@@ -18,19 +18,9 @@ struct Class {
     IUnknown* active = nullptr;
 };
 
-struct Running {
-    SYS_StrNoCase name;
-    IUnknown* object = nullptr;
-};
-
 // Never destroyed: at the end of the process the objects' own libraries may have gone.
 std::list<Class>& classes() {
     static auto* const all = new std::list<Class>;
-    return *all;
-}
-
-std::list<Running>& runningObjects() {
-    static auto* const all = new std::list<Running>;
     return *all;
 }
 
@@ -121,52 +111,6 @@ bool RevokeActive(const char* progId) {
         return false;
     replaceObject(entry->active, nullptr);
     return true;
-}
-
-bool RegisterRunning(const char* displayName, IUnknown* object) {
-    if (!isName(displayName) || !object)
-        return false;
-    try {
-        const SYS_StrNoCase name(displayName);
-        for (Running& each : runningObjects()) {
-            if (each.name == name) {
-                replaceObject(each.object, object);
-                return true;
-            }
-        }
-        runningObjects().push_back({name, object});
-        object->AddRef();
-        return true;
-    } catch (const std::exception&) { // no memory
-        return false;
-    }
-}
-
-bool RevokeRunning(const char* displayName) {
-    if (!isName(displayName))
-        return false;
-    std::list<Running>& all = runningObjects();
-    for (auto each = all.begin(); each != all.end(); ++each) {
-        if (each->name == displayName) {
-            IUnknown* object = each->object;
-            all.erase(each);
-            object->Release();
-            return true;
-        }
-    }
-    return false;
-}
-
-IUnknown* FindRunning(const char* displayName) {
-    if (!isName(displayName))
-        return nullptr;
-    for (Running& each : runningObjects()) {
-        if (each.name == displayName) {
-            each.object->AddRef();
-            return each.object;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace automation

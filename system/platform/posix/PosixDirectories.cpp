@@ -28,6 +28,16 @@ bool isDirectoryEntry(const std::string& directory, const dirent& entry) {
     return ::stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
+__int64 createdTime(const std::string& path, const struct stat& found) {
+#ifdef STATX_BTIME
+    struct statx more {};
+    if (::statx(AT_FDCWD, path.c_str(), 0, STATX_BTIME, &more) == 0 &&
+        (more.stx_mask & STATX_BTIME) != 0)
+        return more.stx_btime.tv_sec;
+#endif
+    return std::min(found.st_mtime, found.st_ctime);
+}
+
 PlatformStatus copyContent(PlatformFile& from, PlatformFile& to) {
     std::vector<char> buffer(1 << 16);
     for (;;) {
@@ -88,6 +98,8 @@ PlatformStatus PosixPlatform::GetInfo(const char* path, PlatformFileInfo& info) 
     info.isDirectory = S_ISDIR(found.st_mode);
     info.size = found.st_size;
     info.modified = found.st_mtime;
+    info.accessed = found.st_atime;
+    info.created = createdTime(native, found);
     return PlatformStatus::Ok;
 }
 

@@ -4,6 +4,10 @@
 
 #include <Scripting.h>
 
+#include <ctime>
+#include <fcntl.h>
+#include <sys/stat.h>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -100,6 +104,86 @@ TEST_F(FileSystemObject, WritesAndReadsText) {
               (Lines{"268893", "5001", "278893"}));
 }
 
+TEST_F(FileSystemObject, WritesAndReadsTextOf16Bits) {
+    const std::string text = "gr\xC3\xBC\xC3\x9F \xF0\x9F\x8C\xB1\xFF";
+    run("Set f = fso.CreateTextFile(here & \"/w.txt\", True, True)\nf.WriteLine \"" + text +
+        "\" : f.Close\nfso.CreateTextFile(here & \"/empty.txt\", True, True).Close");
+    EXPECT_EQ(contentOf("w.txt"),
+              std::string("\xFF\xFEg\0r\0\xFC\0\xDF\0 \0\x3C\xD8\x31\xDF\xFF\xDC"
+                          "\r\0\n\0",
+                          22));
+    EXPECT_EQ(contentOf("empty.txt"), "\xFF\xFE");
+    // Characters that come in pieces, and a file that is longer than any buffer.
+    EXPECT_EQ(run("p = here & \"/w.txt\"\n"
+                  "Set f = fso.OpenTextFile(p, 8, False, -1)\nLog.Add f.Line\n"
+                  "f.Write Chr(195) : f.Write Chr(188)\n"
+                  "For i = 1 To 30000\n f.Write \"x\xE2\x82\xAC\"\nNext\nf.Close\n"
+                  "For Each way In Array(-1, True, -2)\n"
+                  " Set f = fso.OpenTextFile(p, 1, False, way)\n Log.Add f.ReadLine\n"
+                  " Log.Add f.Read(2), Len(f.ReadAll), f.AtEndOfStream\nNext\n"
+                  "Log.Add Len(fso.GetFile(p).OpenAsTextStream(1, -2).ReadAll)\n"
+                  "Log.Add fso.OpenTextFile(p).Read(1) = Chr(255)\n"
+                  "Log.Add fso.OpenTextFile(here & \"/empty.txt\", 1, False, -1).AtEndOfStream"),
+              (Lines{"2", text, "\xC3\xBC", "120000", "True", text, "\xC3\xBC", "120000", "True",
+                     text, "\xC3\xBC", "120000", "True", "120016", "True", "True"}));
+    // Without a mark, with half a unit and half a pair at the end; -2 takes it for bytes.
+    folder.Write("odd.txt", std::string_view("a\0\x3C\xD8z", 5));
+    EXPECT_EQ(run("Log.Add Len(fso.OpenTextFile(here & \"/odd.txt\", 1, False, -1).ReadAll)\n"
+                  "Log.Add Len(fso.OpenTextFile(here & \"/odd.txt\", 1, False, -2).ReadAll)"),
+              (Lines{"5", "5"}));
+    run("Set f = fso.OpenTextFile(here & \"/w.txt\", 2, False, -2) : f.Write \"a\" : f.Close\n"
+        "fso.OpenTextFile(here & \"/odd.txt\", 8, False, -2).Write \"b\"");
+    EXPECT_EQ(contentOf("w.txt"), std::string("\xFF\xFE"
+                                              "a\0",
+                                              4));
+    EXPECT_TRUE(contentOf("odd.txt").ends_with("zb"));
+}
+
+TEST_F(FileSystemObject, AppendsBehindTheLinesThatAreThere) {
+    folder.Write("log.txt", "one\r\ntwo\nthree");
+    EXPECT_EQ(run("Set f = fso.OpenTextFile(here & \"/log.txt\", 8)\nLog.Add f.Line, f.Column\n"
+                  "f.Write \"!\" : Log.Add f.Line, f.Column\n"
+                  "f.WriteLine : f.Write \"ab\" : Log.Add f.Line, f.Column : f.Close\n"
+                  "Set f = fso.OpenTextFile(here & \"/log.txt\", 8)\n"
+                  "f.Write String(70000, \"x\") : Log.Add f.Line, f.Column\n"
+                  "Set f = fso.OpenTextFile(here & \"/new.txt\", 8, True)\nLog.Add f.Line"),
+              (Lines{"3", "6", "3", "7", "4", "3", "4", "70003", "1"}));
+}
+
+TEST_F(FileSystemObject, KnowsDatesAndNames) {
+    setenv("TZ", "UTC0", 1);
+    tzset();
+    const std::string path = folder.Write("old.txt", "1");
+    folder.Write("sub/in.txt", "1");
+    const timespec times[2] = {{1000000000, 0}, {999999999, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+    EXPECT_EQ(
+        run("Set f = fso.GetFile(here & \"/old.txt\")\nSet s = fso.GetFolder(here & \"/sub\")\n"
+            "Log.Add f.DateLastModified, f.DateLastAccessed, Len(f.DateCreated)\n"
+            "Log.Add s.DateLastModified > f.DateLastModified, "
+            "s.DateCreated <= s.DateLastModified\n"
+            "f.Name = \"new.txt\" : s.Name = \"under\"\nLog.Add f.Name, s.Path = here & "
+            "\"/under\"\n"
+            "f.Name = f.Name : f.Name = \"New.txt\" : Log.Add f.Size\n"
+            "Log.Add s.SubFolders.Add(\"deep\").Name, s.SubFolders.Count"),
+        (Lines{"2001-09-09 01:46:39", "2001-09-09 01:46:40", "19", "True", "True", "new.txt",
+               "True", "1", "deep", "1"}));
+    EXPECT_TRUE(exists("New.txt"));
+    EXPECT_TRUE(exists("under/in.txt"));
+    EXPECT_EQ(run("fso.GetFolder(here).Files.Add \"x\""), Lines{"Error: Member not found: "});
+    // In the name of a file that is there, a star is a star.
+    for (const char* name : {"*.txt", "a.txt", "b.txt"})
+        folder.Write(name, name);
+    fs::create_directory(folder.GetPath() / "?");
+    fs::create_directory(folder.GetPath() / "d");
+    run("For Each f In fso.GetFolder(here).Files\n If f.Name = \"*.txt\" Then\n"
+        "  f.Copy here & \"/copy\" : f.Move here & \"/?/\" : f.Delete\n End If\nNext\n"
+        "fso.GetFolder(here & \"/?\").Delete");
+    EXPECT_EQ(contentOf("copy"), "*.txt");
+    EXPECT_TRUE(exists("a.txt") && exists("b.txt") && exists("d"));
+    EXPECT_FALSE(exists("*.txt") || exists("?"));
+}
+
 TEST_F(FileSystemObject, WalksFolders) {
     folder.Write("b.txt", "12345");
     folder.Write("a.txt", "1");
@@ -180,6 +264,17 @@ TEST_F(FileSystemObject, TellsWhatWentWrong) {
          source + std::string("Several files need a folder as their target: 'one'")},
         {"fso.CopyFolder here & \"/sub\", here & \"/sub/in\"",
          source + std::string("A folder does not go into itself: 'sub'")},
+        {"fso.CopyFile here & \"/a.txt\", here & \"/none/a.txt\"",
+         source + std::string("File or folder not found: 'none/a.txt'")},
+        {"fso.MoveFile here & \"/a.txt\", here & \"/none/\"",
+         source + std::string("File or folder not found: 'none/a.txt'")},
+        {"fso.OpenTextFile here & \"/a.txt\", 1, False, 1",
+         source + std::string("The format of a text is 0 (bytes), -1 (16 bits) or -2 (as it is), "
+                              "not 1")},
+        {"fso.GetFile(here & \"/a.txt\").Name = \"b.txt\"", "File: It is there already: 'b.txt'"},
+        {"fso.GetFile(here & \"/a.txt\").Name = \"sub/x\"", "File: The name is not valid: 'sub/x'"},
+        {"x = fso.OpenTextFile(here & \"/a.txt\", 8).AtEndOfStream",
+         "TextStream: The file is not open for reading: 'a.txt'"},
         {"fso.CreateFolder here & \"/sub\"", source + std::string("It is there already: 'sub'")},
         {"fso.OpenTextFile(here & \"/a.txt\").WriteLine 1",
          "TextStream: The file is not open for writing: 'a.txt'"},

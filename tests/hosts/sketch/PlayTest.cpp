@@ -86,6 +86,17 @@ TEST_F(SketchPlay, RefusalsNameTheReasonAndTheLine) {
     }
 }
 
+TEST_F(SketchPlay, DictionariesAndFilesAreThereToo) {
+    EXPECT_EQ(titleAfter("Set names = CreateObject(\"Scripting.Dictionary\")\n"
+                         "names(Document.Shapes.AddCircle(1, 2, 3).Name) = \"moon\"\n"
+                         "For Each name In names\n"
+                         " Options.Title = Document.Shapes(name).Radius & names(name)\nNext\n"),
+              "3moon");
+    EXPECT_EQ(play("CreateObject(\"Scripting.FileSystemObject\").GetFile \"none.txt\"\n").err,
+              path("macro.mcr") + ":1: Invoke failed\n"
+                                  "  Scripting.FileSystemObject: File not found: 'none.txt'\n");
+}
+
 TEST_F(SketchPlay, TextThatXmlCannotHoldIsReplacedAndTheRestEscaped) {
     const ProgramResult result =
         play("Document.Shapes.AddText 1, 2, \"<a> & \"\"b\"\" \" & Chr(195) & Chr(164) & Chr(195) "

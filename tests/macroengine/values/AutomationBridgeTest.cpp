@@ -443,6 +443,42 @@ TEST_F(AutomationBridgeTest, EnableAutomationDoesNotCount) {
     EXPECT_EQ(thing->references, 1u);
 }
 
+TEST_F(AutomationBridgeTest, ObjectsAreTheSameByIdentity) {
+    thing->values[Thing::Child] = COleVariant(static_cast<IDispatch*>(thing));
+    MacroEval plain("plain");
+    macro.Register(plain, "plain");
+    MacroEval unset("unset");
+    macro.Register(unset, "unset");
+    EXPECT_EQ(UI_Macro::EnableAutomation("unset", nullptr), 1);
+    EXPECT_EQ(resultOf("Set a = obj : Set b = obj.Child\n"
+                       "obj.Name = (a Is obj) & (b Is obj) & (obj Is b) & (a Is b) & (b Is plain) "
+                       "& (plain Is obj) & (plain Is plain) & (unset Is Nothing)"),
+              "BSTR TrueTrueTrueTrueFalseFalseTrueTrue");
+    run(""); // lets go of the variables
+}
+
+// A name that a built-in function has may stand for an object, in every macro from then on.
+TEST_F(AutomationBridgeTest, EnableAutomationReplacesABuiltInFunction) {
+    struct Functions : MacroSupport { // the table outlives the test
+        using MacroSupport::functionsMap;
+    };
+    UI_MacroVariant& row = *Functions::functionsMap()->Lookup(SYS_StrNoCase("ScriptEngine"));
+    const UI_MacroVariant function = row;
+    thing->values[Thing::Child] = COleVariant("c");
+    EXPECT_EQ(UI_Macro::EnableAutomation("ScriptEngine", thing), 1);
+    EXPECT_EQ(thing->references, 1u);
+    EXPECT_EQ(callsOf("x = SCRIPTENGINE.Child"), Log({"Child?", "Child 3()"}));
+    EXPECT_EQ(callsOf("ScriptEngine.Item(1) = 2"), Log({"Item?", "Item 4(I4 1) = I4 2"}));
+    EXPECT_EQ(resultOf("With ScriptEngine\n obj.Name = .Child & (ScriptEngine Is obj)\nEnd With"),
+              "BSTR cTrue");
+    thing->isEnumerator = true;
+    thing->items = listOf({1, 2});
+    EXPECT_EQ(resultOf("For Each e In ScriptEngine\n s = s & e\nNext\nobj.Name = s"), "BSTR 12");
+    EXPECT_EQ(UI_Macro::EnableAutomation("ScriptEngine", nullptr), 1);
+    EXPECT_EQ(run("x = ScriptEngine.Child"), "Error: Object is nothing: ");
+    row = function;
+}
+
 TEST_F(AutomationBridgeTest, MakesAndFindsObjects) {
     UI_MacroVariant value("old");
     EXPECT_EQ(value.CreateObject("Test.Thing"), 0);

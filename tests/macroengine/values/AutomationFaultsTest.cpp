@@ -170,6 +170,14 @@ TEST_F(AutomationFaults, AFailureMayLeaveAResultAndTexts) {
             EXPECT_EQ(error.GetDetail(), "Puppet: late");
         }
     }
+    puppet->onName = DISP_E_UNKNOWNNAME;
+    try {
+        execute(textSource("Set obj = CreateObject(\"Test.Puppet\")\nx = obj.Colour"));
+        ADD_FAILURE() << "no error";
+    } catch (const MacroException& error) {
+        EXPECT_EQ(error.GetText(), "Error: Member not found: ");
+        EXPECT_EQ(error.GetDetail(), "The object has no member 'Colour'");
+    }
     run("");
 }
 
@@ -278,6 +286,87 @@ TEST_F(AutomationFaults, AnObjectMayRunMacros) {
     EXPECT_THROW(run("x = obj.M(obj, \"t\")"), int);
     puppet->onInvoke = nullptr;
     run("");
+}
+
+TEST_F(AutomationFaults, AnObjectMayEvaluateInTheMiddleOfItsCall) {
+    const auto evaluate = [this](const char* text, bool sideEffects) {
+        return textOf(macro.Eval(textSource(text), sideEffects));
+    };
+    // In the frame that made the call, which then goes on as if nothing had happened.
+    const std::string inner = "Sub s(ByVal n)\n t = n\n y = obj.M(n, t) + obj.M(1)\n"
+                              " Log.Add n, t, y\nEnd Sub\n"
+                              "Function twice(n)\n twice = n * 2\nEnd Function\n"
+                              "For i = 1 To 2\n s i\nNext\nLog.Add i";
+    puppet->onInvoke = [&](const Puppet::Call& call) {
+        const std::string before = evaluate("n & t & i", false);
+        evaluate("t = t + 10", true);
+        *call.result = COleVariant(static_cast<LONG>(macro.Eval(textSource("twice(n)"), true)));
+        Lines seen{before, evaluate("t", false)};
+        for (const std::string& line : seen)
+            log.lines.push_back(line);
+        return S_OK;
+    };
+    EXPECT_EQ(run(inner), (Lines{"111", "11", "1111", "21", "1", "21", "4", "222", "12", "2122",
+                                 "22", "2", "22", "8", "3"}));
+    // The object itself, again and again.
+    int depth = 0;
+    puppet->onInvoke = [&](const Puppet::Call& call) {
+        if (++depth < 20)
+            *call.result = static_cast<COleVariant>(macro.Eval(textSource("obj.M(x) + 1"), true));
+        else
+            *call.result = COleVariant(LONG{1}).Detach();
+        return S_OK;
+    };
+    EXPECT_EQ(run("x = 3\nLog.Add obj.M(obj)"), Lines{"20"});
+    EXPECT_EQ(depth, 20);
+    // Without an end it ends by the limit on nested runs, and all the calls with it.
+    puppet->onInvoke = [&](const Puppet::Call& call) {
+        *call.result = static_cast<COleVariant>(macro.Eval(textSource("obj.M"), true));
+        return S_OK;
+    };
+    EXPECT_EQ(run("Log.Add obj.M(obj)"), Lines{"Error: Illegal nesting: "});
+    // What an evaluation raises ends the macro like any error of the call, unless it is caught.
+    bool isCaught = false;
+    puppet->onInvoke = [&](const Puppet::Call&) {
+        try {
+            evaluate("nobody + 1", false);
+        } catch (const MacroException&) {
+            if (!isCaught)
+                throw;
+        }
+        return S_OK;
+    };
+    EXPECT_EQ(run("obj.M obj\nLog.Add 1"), Lines{"Variable is undefined : 'nobody'"});
+    isCaught = true;
+    EXPECT_EQ(run("obj.M obj\nobj.N(1) = obj\nLog.Add 1"), Lines{"1"});
+    puppet->onInvoke = nullptr;
+}
+
+TEST_F(AutomationFaults, AnObjectMayStopTheMacroInTheMiddleOfItsCall) {
+    for (const char* text :
+         {"x = obj.M(obj, Array(obj))", "obj.M = obj", "Set obj.M = obj", "obj.M.M.M obj",
+          "With obj.M\n .M 1\nEnd With", "y = obj.M & obj.M(1)", "Set a = obj.M\n"}) {
+        for (const bool byException : {false, true}) {
+            puppet->onInvoke = [&](const Puppet::Call& call) {
+                if (call.result)
+                    *call.result = COleVariant(static_cast<IDispatch*>(puppet)).Detach();
+                macro.Stop();
+                if (byException)
+                    throw MacroStopException();
+                return S_OK;
+            };
+            EXPECT_EQ(run(std::string(text) + "\nLog.Add \"went on\""), Lines()) << text;
+        }
+    }
+    puppet->onEnumerator = [&](VARIANT* result) {
+        *result = automation::Own(static_cast<IUnknown*>(new Source([&](VARIANT*, ULONG*) {
+                      macro.Stop();
+                      return S_FALSE;
+                  }))).Detach();
+        return S_OK;
+    };
+    puppet->onInvoke = nullptr;
+    EXPECT_EQ(run("For Each e In obj\n Log.Add 1\nNext\nLog.Add 2"), Lines());
 }
 
 TEST_F(AutomationFaults, ArraysOfEveryShapeArrive) {

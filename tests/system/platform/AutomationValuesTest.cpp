@@ -217,6 +217,52 @@ TEST_F(AutomationClassesTest, RunningAndActiveObjectsAreHeldOnce) {
     EXPECT_EQ(next->Release(), 0u);
 }
 
+TEST_F(AutomationClassesTest, RunningObjectsAreListedByTheirNames) {
+    auto* object = new CountedObject;
+    automation::RegisterRunning("/tmp/gr\xC3\xBC\xC3\x9F.skd", object);
+    automation::RegisterRunning("second", object);
+    IBindCtx* context = nullptr;
+    IRunningObjectTable* table = nullptr;
+    IEnumMoniker* monikers = nullptr;
+    ASSERT_EQ(CreateBindCtx(0, &context), S_OK);
+    ASSERT_EQ(context->GetRunningObjectTable(&table), S_OK);
+    ASSERT_EQ(table->EnumRunning(&monikers), S_OK);
+    automation::RevokeRunning("second"); // the list is that of its making
+
+    IMoniker* found[3] = {};
+    ULONG fetched = 0;
+    EXPECT_EQ(monikers->Next(3, found, &fetched), S_FALSE);
+    ASSERT_EQ(fetched, 2u);
+    LPOLESTR name = nullptr;
+    EXPECT_EQ(found[0]->GetDisplayName(context, nullptr, &name), S_OK);
+    EXPECT_EQ(std::u16string(name), u"/tmp/gr\u00FC\u00DF.skd");
+    CoTaskMemFree(name);
+    IUnknown* running = nullptr;
+    EXPECT_EQ(table->GetObject(found[0], &running), S_OK);
+    EXPECT_EQ(running, object);
+    EXPECT_EQ(object->references, 3u);
+    running->Release();
+    EXPECT_EQ(table->GetObject(found[1], &running), MK_E_UNAVAILABLE);
+    EXPECT_EQ(running, nullptr);
+    void* other = nullptr;
+    EXPECT_EQ(found[0]->QueryInterface(IID_IDispatch, &other), E_NOINTERFACE);
+    EXPECT_EQ(found[0]->QueryInterface(IID_IMoniker, &other), S_OK);
+    EXPECT_EQ(found[0]->Release(), 1u);
+
+    EXPECT_EQ(monikers->Reset(), S_OK);
+    EXPECT_EQ(monikers->Skip(1), S_OK);
+    IEnumMoniker* copy = nullptr;
+    EXPECT_EQ(monikers->Clone(&copy), S_OK);
+    EXPECT_EQ(monikers->Skip(2), S_FALSE);
+    IMoniker* last = nullptr;
+    EXPECT_EQ(copy->Next(1, &last, nullptr), S_OK);
+    for (IUnknown* each :
+         std::initializer_list<IUnknown*>{found[0], found[1], last, copy, monikers, table, context})
+        EXPECT_EQ(each->Release(), 0u);
+    automation::RevokeRunning("/tmp/gr\xC3\xBC\xC3\x9F.skd");
+    EXPECT_EQ(object->Release(), 0u);
+}
+
 TEST_F(AutomationClassesTest, WhatLiesOutsideTheProcessFails) {
     CountedObject object;
     MULTI_QI wanted[2] = {{&IID_IDispatch, &object, S_OK}, {&IID_IUnknown, &object, S_OK}};
