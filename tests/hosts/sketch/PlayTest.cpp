@@ -86,6 +86,35 @@ TEST_F(SketchPlay, RefusalsNameTheReasonAndTheLine) {
     }
 }
 
+TEST_F(SketchPlay, AFailureListsTheOpenProcedures) {
+    const std::string file = path("macro.mcr");
+    EXPECT_EQ(play("Sub inner(n)\nDocument.Shapes.AddCircle n, n, 0\nEnd Sub\n"
+                   "Sub outer\ninner 3\nEnd Sub\nouter\n")
+                  .err,
+              file + ":2: radius must be above 0\n  at " + file + ":2 in inner\n  at " + file +
+                  ":5 in outer\n  at " + file + ":7 in Macro global code\n");
+    EXPECT_EQ(play("Set files = CreateObject(\"Scripting.FileSystemObject\")\n"
+                   "files.GetFolder \"nowhere\"\n")
+                  .err,
+              file +
+                  ":2: Invoke failed\n  Scripting.FileSystemObject: Folder not found: "
+                  "'nowhere'\n  at " +
+                  file + ":2 in Macro global code\n");
+}
+
+TEST_F(SketchPlay, MacrosHaveDictionariesAndFiles) {
+    EXPECT_EQ(titleAfter("Set d = CreateObject(\"Scripting.Dictionary\")\nd.Add \"a\", 3\n"
+                         "Set f = CreateObject(\"Scripting.FileSystemObject\")\n"
+                         "Options.Title = d(\"a\") & f.GetBaseName(\"/tmp/plan.txt\")\n"),
+              "3plan");
+}
+
+TEST_F(SketchPlay, MessagesGoToStandardErrorAndAnswerThemselves) {
+    const ProgramResult result = play("Options.Title = MsgBox(\"Sure?\", mbYesNo, \"Plan\")\n");
+    EXPECT_EQ(result.err, "Plan: Sure?\n");
+    EXPECT_NE(result.out.find("<title>6<"), std::string::npos) << result.out;
+}
+
 TEST_F(SketchPlay, TextThatXmlCannotHoldIsReplacedAndTheRestEscaped) {
     const ProgramResult result =
         play("Document.Shapes.AddText 1, 2, \"<a> & \"\"b\"\" \" & Chr(195) & Chr(164) & Chr(195) "
