@@ -16,12 +16,18 @@ if(TARGET kel_mcr)
     target_link_libraries(kel_mcr_scripting
         PUBLIC kel_mcr::kel_mcr PRIVATE $<BUILD_INTERFACE:kel_mcr_flags>)
 
+    # Sources that note the open procedures when a macro fails.
+    file(GLOB TRACE_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/trace/*.cpp)
+    add_library(kel_mcr_trace STATIC ${TRACE_SOURCES})
+    target_include_directories(kel_mcr_trace PUBLIC ${PROJECT_SOURCE_DIR}/hosts/trace)
+    target_link_libraries(kel_mcr_trace PUBLIC kel_mcr::kel_mcr PRIVATE kel_mcr_flags)
+
     file(GLOB MCR_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/hosts/mcr/*.cpp
          ${PROJECT_SOURCE_DIR}/hosts/mcr/debug/*.cpp)
     add_executable(mcr ${MCR_SOURCES})
     target_compile_definitions(mcr PRIVATE MCR_VERSION="${PROJECT_VERSION}")
     target_include_directories(mcr PRIVATE ${LIBEDIT_INCLUDE_DIR})
-    target_link_libraries(mcr PRIVATE kel_mcr::kel_mcr kel_mcr_scripting CLI11::CLI11
+    target_link_libraries(mcr PRIVATE kel_mcr::kel_mcr kel_mcr_scripting kel_mcr_trace CLI11::CLI11
                                       nlohmann_json::nlohmann_json ${LIBEDIT_LIBRARY}
                                       kel_mcr_flags)
 
@@ -29,6 +35,6 @@ if(TARGET kel_mcr)
     add_executable(sketch ${SKETCH_SOURCES})
     target_compile_definitions(sketch PRIVATE SKETCH_VERSION="${PROJECT_VERSION}")
     target_include_directories(sketch PRIVATE ${LIBEDIT_INCLUDE_DIR})
-    target_link_libraries(sketch PRIVATE kel_mcr::kel_mcr kel_mcr_scripting CLI11::CLI11
-                                         ${LIBEDIT_LIBRARY} kel_mcr_flags)
+    target_link_libraries(sketch PRIVATE kel_mcr::kel_mcr kel_mcr_scripting kel_mcr_trace
+                                         CLI11::CLI11 ${LIBEDIT_LIBRARY} kel_mcr_flags)
 endif()

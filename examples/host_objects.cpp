@@ -1,10 +1,12 @@
 // A host program that gives macros two classes of its own: a thermostat, and a house full of them.
 
+#include <AutomationFace.h>
 #include <ClassDescriptors.h>
 #include <UI_Macro.h>
 
 #include <cstdio>
 #include <deque>
+#include <vector>
 
 //! [class]
 /// `Name` is read-only. `Degrees` can be read and written, and it is the default: `x = room`.
@@ -96,6 +98,7 @@ public:
                                             cMacroArgument("room", TypeNameString));
         static cMacroClassMethod<House> room(self, "Room", "Thermostat", &House::Room, true,
                                              cMacroArgument("index", TypeNameInt));
+        static cMacroClassMethod<House> rooms(self, "_NewEnum", TypeNameVariant, &House::Rooms);
         return &self;
     }
     const ScriptDebugger::iApplicationClass* GetMacroDescriptor() const override {
@@ -142,6 +145,19 @@ private:
         return static_cast<UI_MacroVariant*>(&m_Rooms.at(static_cast<std::size_t>(index)));
     }
     //! [items]
+    //! [collection]
+    UI_MacroVariant Rooms(int, UI_MacroVariant*) { // the member "_NewEnum"
+        std::vector<MacroEval*> rooms;
+        for (Thermostat& room : m_Rooms)
+            rooms.push_back(&room);
+        return WalkOver(rooms);
+    }
+    bool GetDispatch(IDispatch** face) const override {
+        if (face)
+            *face = ExposeToAutomation(const_cast<House&>(*this));
+        return true;
+    }
+    //! [collection]
 
     Door m_Door;
     std::deque<Thermostat> m_Rooms; // stay where they are while the house grows
@@ -160,13 +176,13 @@ int main() {
                                      "Set kitchen = House.Add(\"Kitchen\")\n"
                                      "kitchen.Degrees = House(0) + 2.5\n"
                                      "kitchen.Warm\n"
-                                     "For i = 0 To House.Count - 1\n"
-                                     "    House.Room(i).Warm 0.5\n"
+                                     "For Each room In House\n"
+                                     "    room.Warm 0.5\n"
                                      "Next\n");
             //! [macro]
             house.Print();
-            macro.ExecuteMacroString("For Each room In House.Names\n"
-                                     "    all = all & room & \" \"\n"
+            macro.ExecuteMacroString("For Each name In House.Names\n"
+                                     "    all = all & name & \" \"\n"
                                      "Next\n"
                                      "House.Door.Open = True\n"
                                      "House.Add all & House.Door.Open\n"

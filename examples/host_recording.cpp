@@ -18,7 +18,7 @@ public:
 };
 //! [output]
 
-/// `Pen.MoveTo x, y` and `Pen.LineTo x, y`.
+/// `Pen.MoveTo x, y` and `Pen.MoveBy dx, dy`.
 class Pen : public MacroEval {
 public:
     Pen() : MacroEval("Pen") {}
@@ -32,9 +32,9 @@ public:
 
     //! [command]
     /// What the mouse and macros both end in: does the work, and reports it as macro text. The
-    /// lines of one gesture share an id.
+    /// lines of one gesture share an id; they hold no distances, because most of them get lost.
     void MoveTo(double x, double y, int gesture) {
-        const bool relative = UI_Macro::GetRelativeMode() != 0;
+        const bool relative = UI_Macro::GetRelativeMode() != 0 && gesture == 0;
         SYS_String line;
         line.Format("Pen.Move%s %g, %g", relative ? "By" : "To", relative ? x - m_X : x,
                     relative ? y - m_Y : y);
@@ -82,6 +82,45 @@ void RecordWork(UI_Macro& macro, Pen& pen) {
     MacroSupport::GetProcessor()->SetRelativeMode(false);
 }
 
+//! [file name]
+/// Starts a recording as soon as the user has chosen its file, in whatever dialog that was.
+class RecordLater : public SCC_EventNode<SYS_String> {
+public:
+    explicit RecordLater(UI_Macro& macro) : m_Macro(macro) {
+        MacroFileNameStorage::GetStorage().Subscribe(*this);
+    }
+    int OnNotification(int, SYS_String name) override {
+        if (!name.IsEmpty()) // empty: the user has changed his mind
+            m_Macro.StartRecording(new MacroOutputFile(name));
+        return 0;
+    }
+
+private:
+    UI_Macro& m_Macro;
+};
+//! [file name]
+
+/// The first line of a file.
+SYS_String FirstLine(const char* name) {
+    char line[80] = "";
+    if (std::FILE* file = std::fopen(name, "r")) {
+        if (!std::fgets(line, sizeof line, file))
+            std::snprintf(line, sizeof line, "nothing\n");
+        std::fclose(file);
+    }
+    return line;
+}
+
+void RecordToFile(UI_Macro& macro, Pen& pen, const char* file) {
+    const RecordLater recorder(macro);
+    //! [chosen]
+    MacroFileNameStorage::GetStorage().OnFileNameSetUp(file);
+    //! [chosen]
+    pen.MoveTo(3, 4, 0);
+    macro.StopRecording();
+    std::printf("file: %s", FirstLine(file).c_str());
+}
+
 void RecordDialog(UI_Macro& macro) {
     std::printf("dialogs:\n");
     macro.StartRecording(new Screen);
@@ -102,11 +141,7 @@ void KeepLog(Pen& pen, const char* file) {
         UI_Macro::SetBMWLogFile(nullptr, 0); // closes it
     }
     //! [named log]
-    char line[80] = "";
-    if (std::FILE* log = std::fopen(file, "r")) {
-        std::printf("log: %s", std::fgets(line, sizeof line, log) ? line : "empty\n");
-        std::fclose(log);
-    }
+    std::printf("log: %s", FirstLine(file).c_str());
 }
 
 } // namespace
@@ -123,8 +158,10 @@ int main() {
         RecordWork(macro, pen);
         RecordDialog(macro);
         char file[] = "/tmp/host_recordingXXXXXX";
-        if (::mkstemp(file) >= 0)
+        if (::mkstemp(file) >= 0) {
+            RecordToFile(macro, pen, file);
             KeepLog(pen, file);
+        }
         std::remove(file);
     }
     MacroEngineDllTerminate();

@@ -1,8 +1,8 @@
 #include "Commands.h"
 
+#include <HostSource.h>
 #include <interpreter/TreeDump.h>
 
-#include "HostSource.h"
 #include "Session.h"
 #include "Watch.h"
 

@@ -1,9 +1,9 @@
 #include "Session.h"
 
+#include <HostSource.h>
 #include <SYS_Exception.h>
 #include <Scripting.h>
 
-#include "HostSource.h"
 #include "MacroText.h"
 #include "MessageBox.h"
 #include "Watch.h"

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <Trace.h>
 #include <UI_Macro.h>
 
 #include "Console.h"
-#include "Trace.h"
 
 #include <functional>
 #include <string>

@@ -89,8 +89,12 @@ void Gestures::Work(Dialog& dialog) {
 /// False when there is nothing more to do.
 bool Gestures::performNext() {
     std::string line;
-    if (m_IsDone || (m_HasFailed && !m_GoesOn) || !m_Lines.Read(line))
+    if (m_IsDone || (m_HasFailed && !m_GoesOn))
         return false;
+    if (!m_Lines.Read(line)) {
+        m_IsDone = true; // a terminal would be asked again once the dialogs are closed
+        return false;
+    }
     ++m_Line;
     try {
         perform(line);
@@ -117,7 +121,8 @@ void Gestures::perform(const std::string& line) {
         if (!first.Is(gesture.word))
             continue;
         if (words.size() < gesture.least || words.size() > gesture.most)
-            throw GestureError(std::string("it is: ") + gesture.word + " " + gesture.arguments);
+            throw GestureError(std::string("it is: ") + gesture.word +
+                               (*gesture.arguments ? " " : "") + gesture.arguments);
         if (gesture.place == InDialog && !m_Dialog)
             throw GestureError("no dialog is open");
         if (gesture.place == InDrag && !m_IsPressed)

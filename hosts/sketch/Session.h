@@ -3,6 +3,7 @@
 #include "App.h"
 #include "Lines.h"
 
+#include <Trace.h>
 #include <UI_Macro.h>
 
 #include <ostream>
@@ -19,7 +20,8 @@ public:
     Session& operator=(const Session&) = delete;
     ~Session();
 
-    /// Runs a macro file; false if that failed, which has been reported. `code` is what the
+    /// Runs a macro file; false if that failed, which has been reported with the procedures that
+    /// were open. `code` is what the
     /// program ends with: after a success, what the macro gave to `App.Quit`.
     bool Play(const std::string& path, int& code);
     /// Does what the lines say, and records it as a macro. `name` stands in messages. False if a
@@ -29,6 +31,8 @@ public:
     std::string GetPicture() const;
 
 private:
+    void reportMacro(const std::string& file, int line, const SYS_String& text) const;
+
     struct Library {
         Library() { MacroEngineDllInitialize(); }
         Library(const Library&) = delete;
@@ -36,6 +40,7 @@ private:
         ~Library() { MacroEngineDllTerminate(); }
     };
 
+    Trace m_Trace;
     Library m_Library;
     UI_Macro m_Macro{true};
     Desk m_Desk;

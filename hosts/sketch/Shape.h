@@ -1,12 +1,11 @@
 #pragma once
 
 #include "Desk.h"
-#include "ObjectFace.h"
 #include "SketchObject.h"
 
 /// One shape, as macros see it. It stays for good: when its figure has been removed, its members
 /// are refused until an undo brings the figure back.
-class Shape : public SketchObject<Shape, FacedObject> {
+class Shape : public SketchObject<Shape> {
 public:
     Shape(Desk& desk, int number) : SketchObject(nullptr), m_Desk(desk), m_Number(number) {}
     using SketchObject::operator=;

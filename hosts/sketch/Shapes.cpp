@@ -3,6 +3,8 @@
 #include "Refuse.h"
 #include "Values.h"
 
+#include <AutomationFace.h>
+
 cMacroAppClass* Shapes::GetMacroClass() {
     using T = Shapes;
     using Method = cMacroClassMethod<T>;
@@ -11,6 +13,7 @@ cMacroAppClass* Shapes::GetMacroClass() {
     static cMacroClassProperty<T> count(self, "Count", TypeNameInt, &T::GetCount);
     static Method item(self, "Item", "Shape", &T::Item, true,
                        cMacroArgument("indexOrName", TypeNameVariant));
+    static Method walk(self, "_NewEnum", TypeNameVariant, &T::Walk);
     static Method line(self, "AddLine", "Shape", &T::AddLine, false, real("x1"), real("y1"),
                        real("x2"), real("y2"));
     static Method rectangle(self, "AddRectangle", "Shape", &T::AddRectangle, false, real("x"),
@@ -29,11 +32,18 @@ Shape& Shapes::GetShape(int number) {
     return entry->second;
 }
 
-std::vector<IDispatch*> Shapes::faces() {
-    std::vector<IDispatch*> faces;
+/// `For Each` walks over the shapes that are there when it begins.
+UI_MacroVariant Shapes::Walk(int, UI_MacroVariant*) {
+    std::vector<MacroEval*> shapes;
     for (int number : m_Desk.editor.GetDrawing().GetOrder())
-        faces.push_back(GetShape(number).GetFace());
-    return faces;
+        shapes.push_back(&GetShape(number));
+    return WalkOver(shapes);
+}
+
+bool Shapes::GetDispatch(IDispatch** face) const {
+    if (face)
+        *face = ExposeToAutomation(const_cast<Shapes&>(*this));
+    return true;
 }
 
 UI_MacroVariant Shapes::GetCount(int, UI_MacroVariant*) const {

@@ -5,10 +5,9 @@
 #include <map>
 
 /// The shapes of the document: `Shapes(0)`, `Shapes("Line1")`, `For Each`, and how to add more.
-class Shapes : public SketchObject<Shapes, FacedObject> {
+class Shapes : public SketchObject<Shapes> {
 public:
-    explicit Shapes(Desk& desk)
-        : SketchObject("Shapes", [this] { return faces(); }), m_Desk(desk) {}
+    explicit Shapes(Desk& desk) : SketchObject("Shapes"), m_Desk(desk) {}
     using SketchObject::operator=;
 
     static cMacroAppClass* GetMacroClass();
@@ -16,11 +15,12 @@ public:
     Shape& GetShape(int number);
 
 private:
-    std::vector<IDispatch*> faces();
+    bool GetDispatch(IDispatch** face) const override;
     UI_MacroVariant add(const Figure& figure);
 
     UI_MacroVariant GetCount(int argc, UI_MacroVariant* args) const;
     UI_MacroVariant Item(int argc, UI_MacroVariant* args);
+    UI_MacroVariant Walk(int argc, UI_MacroVariant* args);
     UI_MacroVariant AddLine(int argc, UI_MacroVariant* args);
     UI_MacroVariant AddRectangle(int argc, UI_MacroVariant* args);
     UI_MacroVariant AddCircle(int argc, UI_MacroVariant* args);

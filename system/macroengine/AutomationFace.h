@@ -6,6 +6,8 @@
 
 #include <UI_MacroEval.h>
 
+#include <vector>
+
 struct IDispatch;
 
 /// The face of an object: its members, children and default member as macros see them. The same
@@ -18,6 +20,11 @@ struct IDispatch;
 /// error, such as the end of the macro, passes through.
 /// Raises: never. Re-enters: calls of the face run host members.
 KEL_MCR_API IDispatch* ExposeToAutomation(MacroEval& object);
+
+/// What the member `_NewEnum` of a collection gives: a walk over these objects. A `For Each` over
+/// an object that answers `GetDispatch` with its face asks for that member. An object that ends
+/// before its turn comes as Null.
+KEL_MCR_API UI_MacroVariant WalkOver(const std::vector<MacroEval*>& objects);
 
 /// Whether this is a face; `object` then gets what it stands for, null if that has gone. A face
 /// that comes back to the engine turns into the object again.

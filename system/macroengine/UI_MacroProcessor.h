@@ -459,6 +459,7 @@ protected:
     MacroPlaybackResult Finish();
     MacroPlaybackResult ResumeWith(char const* name);
     UI_MacroVariant* findDialog(char const* name);
+    ParserTree::Step findContext(ParserTree::Node* expression, const ParserTree::Node* context);
     MacroPlaybackResult runDialogBlock(ParserTree::NodeImpl<ParserTree::With, true>& with,
                                        ParserTree::Step start);
     bool stopOnError(MacroException& error);

@@ -1,6 +1,7 @@
 #include "DebugRun.h"
 
-#include "../HostSource.h"
+#include <HostSource.h>
+
 #include "ErrorText.h"
 #include "Interrupt.h"
 

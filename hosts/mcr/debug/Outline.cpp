@@ -1,8 +1,8 @@
 #include "Outline.h"
 
+#include <HostSource.h>
 #include <UI_MacroProcessor.h>
 
-#include "../HostSource.h"
 #include "ErrorText.h"
 
 #include <algorithm>

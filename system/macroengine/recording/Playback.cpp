@@ -12,6 +12,8 @@ namespace {
 
 using WithNode = ParserTree::NodeImpl<ParserTree::With, true>;
 
+constexpr int kHookInterval = 1024; // steps of an expression between two calls of the hook
+
 /// Where the walk goes on when it has left the node for good.
 Step stepBehind(const Step& step) {
     Node* node = step.node;
@@ -60,9 +62,7 @@ MacroPlaybackResult MacroParser::ResumeWith(char const* name) {
             return pbFailed;
         }
         SCL_ASSERT(context->Is(Kind::WithContext), "MacroParser::ResumeWith: no context node");
-        Step step{expression, false};
-        while (step.node && step.node != context)
-            step = step.ascending ? step.node->Leave(*this) : step.node->Enter(*this);
+        const Step step = findContext(expression, context);
         Cell* cell = findResult(expression);
         if (m_ExecutionMode == emStopped)
             return pbNotHandled; // the expression ended the run
@@ -72,6 +72,23 @@ MacroPlaybackResult MacroParser::ResumeWith(char const* name) {
             ExecutionContext::FreeCell(cell);
     }
     return pbNotHandled;
+}
+
+/// Runs the expression of a block, which may call procedures of any length, up to its context. No
+/// node if it has ended the run.
+ParserTree::Step MacroParser::findContext(Node* expression, const Node* context) {
+    Step step{expression, false};
+    for (int untilHook = kHookInterval; step.node && step.node != context; --untilHook) {
+        if (untilHook == 0) {
+            untilHook = kHookInterval;
+            if (s_HasStatementHook)
+                callStatementHook(step.node->GetLine());
+            if (m_ExecutionMode == emStopped)
+                return {};
+        }
+        step = step.ascending ? step.node->Leave(*this) : step.node->Enter(*this);
+    }
+    return step;
 }
 
 /// The object of a name, looked up without making or refusing anything.

@@ -1,5 +1,6 @@
 #include "AutomationFace.h"
 
+#include <AutomationObject.h>
 #include <MacroException.h>
 #include <SYS_Unicode.h>
 #include <UI_MacroProcessor.h>
@@ -31,6 +32,8 @@ public:
     }
     /// Null for a number that was never given out.
     const SYS_String* Find(DISPID number) const {
+        if (number == DISPID_NEWENUM)
+            return &m_Enumerator;
         const auto place = static_cast<std::size_t>(number) - 1;
         return number > 0 && place < m_Names.size() ? m_Names[place] : nullptr;
     }
@@ -38,6 +41,7 @@ public:
 private:
     std::map<SYS_StrNoCase, DISPID> m_Numbers;
     std::vector<const SYS_StrNoCase*> m_Names;
+    const SYS_String m_Enumerator = "_NewEnum";
 };
 
 NameNumbers& nameNumbers() {
@@ -242,6 +246,14 @@ IDispatch* ExposeToAutomation(MacroEval& object) {
     known = made;
     table.all.insert(made);
     return made;
+}
+
+UI_MacroVariant WalkOver(const std::vector<MacroEval*>& objects) {
+    std::vector<COleVariant> items;
+    items.reserve(objects.size());
+    for (MacroEval* object : objects)
+        items.push_back(automation::Own(ExposeToAutomation(*object)));
+    return automation::Own(automation::NewEnumerator(std::move(items))).punkVal;
 }
 
 bool IsExposedObject(IDispatch* dispatch, MacroEval*& object) {

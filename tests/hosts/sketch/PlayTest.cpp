@@ -86,15 +86,33 @@ TEST_F(SketchPlay, RefusalsNameTheReasonAndTheLine) {
     }
 }
 
-TEST_F(SketchPlay, DictionariesAndFilesAreThereToo) {
-    EXPECT_EQ(titleAfter("Set names = CreateObject(\"Scripting.Dictionary\")\n"
-                         "names(Document.Shapes.AddCircle(1, 2, 3).Name) = \"moon\"\n"
-                         "For Each name In names\n"
-                         " Options.Title = Document.Shapes(name).Radius & names(name)\nNext\n"),
-              "3moon");
-    EXPECT_EQ(play("CreateObject(\"Scripting.FileSystemObject\").GetFile \"none.txt\"\n").err,
-              path("macro.mcr") + ":1: Invoke failed\n"
-                                  "  Scripting.FileSystemObject: File not found: 'none.txt'\n");
+TEST_F(SketchPlay, AFailureListsTheOpenProcedures) {
+    const std::string file = path("macro.mcr");
+    EXPECT_EQ(play("Sub inner(n)\nDocument.Shapes.AddCircle n, n, 0\nEnd Sub\n"
+                   "Sub outer\ninner 3\nEnd Sub\nouter\n")
+                  .err,
+              file + ":2: radius must be above 0\n  at " + file + ":2 in inner\n  at " + file +
+                  ":5 in outer\n  at " + file + ":7 in Macro global code\n");
+    EXPECT_EQ(play("Set files = CreateObject(\"Scripting.FileSystemObject\")\n"
+                   "files.GetFolder \"nowhere\"\n")
+                  .err,
+              file +
+                  ":2: Invoke failed\n  Scripting.FileSystemObject: Folder not found: "
+                  "'nowhere'\n  at " +
+                  file + ":2 in Macro global code\n");
+}
+
+TEST_F(SketchPlay, MacrosHaveDictionariesAndFiles) {
+    EXPECT_EQ(titleAfter("Set d = CreateObject(\"Scripting.Dictionary\")\nd.Add \"a\", 3\n"
+                         "Set f = CreateObject(\"Scripting.FileSystemObject\")\n"
+                         "Options.Title = d(\"a\") & f.GetBaseName(\"/tmp/plan.txt\")\n"),
+              "3plan");
+}
+
+TEST_F(SketchPlay, MessagesGoToStandardErrorAndAnswerThemselves) {
+    const ProgramResult result = play("Options.Title = MsgBox(\"Sure?\", mbYesNo, \"Plan\")\n");
+    EXPECT_EQ(result.err, "Plan: Sure?\n");
+    EXPECT_NE(result.out.find("<title>6<"), std::string::npos) << result.out;
 }
 
 TEST_F(SketchPlay, TextThatXmlCannotHoldIsReplacedAndTheRestEscaped) {

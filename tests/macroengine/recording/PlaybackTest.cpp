@@ -242,6 +242,28 @@ TEST_F(PlaybackTest, AStopEndsBlockAndMacro) {
     EXPECT_EQ(runText("Log.Add 1"), Lines{"1"});
 }
 
+TEST_F(PlaybackTest, AHostCanStopAnEndlessSearchForTheBlock) {
+    const char* const text = "Function pick()\nDo While True\nLoop\nEnd Function\n"
+                             "Options.Show\nwithDlg pick()\n.Set 1\nend withDlg\nLog.Add 2";
+    MacroHostHooks hooks;
+    int calls = 0;
+    hooks.statement = [&](long) {
+        if (++calls == 10)
+            macro.Stop();
+    };
+    MacroSupport::SetHostHooks(hooks);
+    EXPECT_EQ(runText(text), Lines{"closed Options 0"});
+    calls = 0;
+    hooks.statement = [&](long) {
+        if (++calls == 10)
+            UI_Macro::OnError("too slow");
+    };
+    MacroSupport::SetHostHooks(hooks);
+    EXPECT_EQ(runText(text), Lines{"too slow"});
+    MacroSupport::SetHostHooks(MacroHostHooks());
+    EXPECT_EQ(runText("Log.Add 1"), Lines{"1"});
+}
+
 /// Reports each of its commands as macro text, as a host does while it records.
 class Reporting : public Recorder {
 public:

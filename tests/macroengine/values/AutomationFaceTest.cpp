@@ -166,6 +166,47 @@ TEST_F(AutomationFace, IsLeftBehindOnTheWayBack) {
     EXPECT_EQ(thing->Release(), 0u);
 }
 
+/// Lamps for `For Each`.
+class Row : public Recorder {
+public:
+    Row() : Recorder("row") {
+        On("_NewEnum", [this] {
+            std::vector<MacroEval*> walked;
+            for (const auto& lamp : lamps)
+                walked.push_back(lamp.get());
+            return WalkOver(walked);
+        });
+        On("Drop", [this] { lamps.erase(lamps.begin() + 1); });
+        for (const char* name : {"first", "second", "third"})
+            lamps.push_back(std::make_unique<Lamp>(name));
+    }
+
+    std::vector<std::unique_ptr<Lamp>> lamps;
+    bool isCollection = true;
+
+private:
+    bool GetDispatch(IDispatch** out) const override {
+        if (out)
+            *out = isCollection ? ExposeToAutomation(const_cast<Row&>(*this)) : nullptr;
+        return isCollection;
+    }
+};
+
+TEST_F(AutomationFace, MakesACollectionOfAnObject) {
+    Row row;
+    macro.Register(row, nullptr);
+    EXPECT_EQ(runText("For Each l In row\nl.Dim 3\nLog.Add l.MacroName & l\nSet last = l\nNext\n"
+                      "Log.Add last.Level"),
+              (Lines{"first7", "second7", "third7", "7"}));
+    EXPECT_EQ(row.lamps[2]->level, 7);
+    EXPECT_EQ(runText("For Each l In row\nIf n = 0 Then row.Drop\nn = n + 1\n"
+                      "Log.Add IsNull(l)\nNext"),
+              (Lines{"False", "True", "False"}));
+    EXPECT_EQ(runText("For Each l In lamp\nNext"), Lines{"Object expected"}) << "has no face";
+    row.isCollection = false;
+    EXPECT_EQ(runText("For Each l In row\nNext"), Lines{"Object expected"});
+}
+
 /// A library that calls what it is given, as those of other makers do.
 class Caller final : public automation::Object {
 public:
