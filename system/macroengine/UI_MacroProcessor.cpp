@@ -150,6 +150,7 @@ void MacroSupport::Reset() {
     m_Current = {nullptr, false};
     m_CurrentFunction = nullptr;
     m_Functions.RemoveAll();
+    m_IsTreeOld = true;
     m_Files->Clear();
     m_ContextStack->Clear();
     m_Scanner->Reset();
@@ -305,7 +306,7 @@ MacroPlaybackResult MacroSupport::PlayBack(int resume, MacroSource* source, char
 }
 
 void MacroSupport::RefreshFunctionTable() {
-    if (!hasUnits())
+    if (m_IsTreeOld || !hasUnits())
         Parse();
 }
 

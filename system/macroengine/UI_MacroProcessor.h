@@ -165,7 +165,7 @@ public:
     virtual MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) = 0;
     virtual UI_MacroVariant Call(const SYS_String& function, UI_MacroVariant* args, int argc) = 0;
     virtual bool Parse() = 0;
-    /// Parses the source unless a tree is there already.
+    /// Parses the source unless it has been parsed since the last reset.
     void RefreshFunctionTable();
     /// Turns a registered or built-in name into an automation object, which is not counted; 0 if
     /// the name is unknown.
@@ -345,6 +345,7 @@ protected:
     MacroOptions m_Options;
     bool m_Parsing = false;
     SCC_Map<SYS_StrNoCase, FunctionTableItem> m_Functions;
+    bool m_IsTreeOld = false; // parsed before the last reset: its procedures are not in the table
     SCL_Pointer<MacroSource> m_Source;
 
     // Per run.

@@ -321,6 +321,14 @@ TEST_F(UI_MacroTest, FunctionNamesAndDescriptionsComeFromTheText) {
     const std::map<std::string, std::string> expected = {
         {"plus", "Adds two numbers."}, {"plain", ""}, {"other", ""}};
     EXPECT_EQ(found, expected);
+
+    // Another file has its own, and none are known of it before it is parsed.
+    macro.OpenMacroFile(folder.Write("two.mcr", "Sub second\nEnd Sub\n").c_str());
+    EXPECT_EQ(macro.GetFunctionDescriptions().GetCount(), 0);
+    EXPECT_EQ(macro.GetFunctionNames().GetCount(), 1);
+    EXPECT_EQ(macro.GetFunctionNames()[0], "second");
+    macro.OpenMacroFile(folder.Write("none.mcr", "x = 1\n").c_str());
+    EXPECT_EQ(macro.GetFunctionNames()[0], "");
 }
 
 // --- Objects, stopping, errors ------------------------------------------------------------------

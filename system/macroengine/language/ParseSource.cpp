@@ -17,6 +17,7 @@ bool MacroParser::Parse() {
         return false;
     const EntryGuard entry(*this);
     m_Tree->Clear();
+    m_IsTreeOld = false;
     if (!IsInEvaluation())
         m_Functions.RemoveAll();
     const SYS_String name = m_Source->GetFileName();
