@@ -45,10 +45,7 @@ std::string inOneLine(std::string_view text) {
             --end; // not in the middle of a character
         line = line.substr(0, end) + "...";
     }
-    for (char& c : line)
-        if (IsControl(c))
-            c = ' ';
-    return line;
+    return WithoutControls(line);
 }
 
 } // namespace

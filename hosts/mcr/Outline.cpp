@@ -3,6 +3,7 @@
 #include "EditorCommands.h"
 #include "MacroText.h"
 #include "Session.h"
+#include "Utf8.h"
 
 #include <nlohmann/json.hpp>
 
@@ -44,7 +45,7 @@ std::string describe(const MacroProcedureInfo& procedure) {
     text += ")";
     const std::string description = textOf(procedure.description);
     if (!description.empty())
-        text += "  ' " + description.substr(0, description.find_first_of("\r\n"));
+        text += "  ' " + WithoutControls(description.substr(0, description.find_first_of("\r\n")));
     return text;
 }
 
