@@ -102,7 +102,8 @@ Json asJson(const MacroProblem& problem) {
 void printJson(const std::string& file, const MacroReport& report) {
     Json page = {{"file", file},
                  {"parses", report.parses},
-                 {"problem", report.parses ? Json() : asJson(report.problem)},
+                 {"endsEarly", report.endsEarly},
+                 {"problem", report.parses && !report.endsEarly ? Json() : asJson(report.problem)},
                  {"procedures", Json::array()},
                  {"names", Json::array()}};
     for (const MacroProcedureInfo& procedure : report.procedures)
@@ -126,6 +127,8 @@ int PrintOutline(const std::string& file, bool asJson) {
         printJson(file, report);
     else
         printPlain(report);
+    if (report.endsEarly)
+        WriteError(DescribeProblem(file, report.problem, "warning: "));
     if (report.parses)
         return ExitDone;
     WriteError(DescribeProblem(file, report.problem));

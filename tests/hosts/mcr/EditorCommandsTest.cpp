@@ -57,6 +57,25 @@ TEST_F(EditorCommands, CheckGoesOnBehindFilesItCannotRead) {
                               ":1: Syntax error: x = = 2\n4 files, 1 error, 2 not readable\n");
 }
 
+// The engine says nothing of it, so somebody must.
+TEST_F(EditorCommands, CheckAndOutlineWarnOfAStringThatEndsTheMacro) {
+    const std::string text = "rem\nx = \"a\"\nf \"b\n y = = 2\nSub f\nEnd Sub\n";
+    const std::string early = folder.Write("a.mcr", text);
+    const std::string warning =
+        ":4: warning: A string has no closing quote; nothing behind it is read: f \"b\n";
+    const ProgramResult result = mcr({"check", early, early});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, early + warning + early + warning + "2 files, 0 errors\n");
+    const ProgramResult outline = mcr({"outline", "--json", early});
+    EXPECT_EQ(outline.status, 0);
+    EXPECT_EQ(outline.err, early + warning);
+    const auto page = nlohmann::json::parse(outline.out);
+    EXPECT_EQ(page["endsEarly"], true);
+    EXPECT_EQ(page["problem"]["line"], 3);
+    EXPECT_EQ(page["problem"]["column"], 3);
+    EXPECT_EQ(page["procedures"].size(), 0u);
+}
+
 TEST_F(EditorCommands, CheckKeepsMessagesShortAndPlain) {
     const std::string endless = folder.Write("a.mcr", "x = = \"" + std::string(5000000, 'a'));
     const ProgramResult result = mcr({"check", endless});
@@ -234,7 +253,7 @@ TEST_F(EditorCommands, OutlineTellsProgramsAllThereIs) {
     EXPECT_EQ(broken.status, 1);
     EXPECT_EQ(broken.err, "-:4: Syntax error: x = = 1\n");
     EXPECT_EQ(Json::parse(broken.out), Json::parse(R"({
-        "file": "-", "parses": false,
+        "file": "-", "parses": false, "endsEarly": false,
         "problem": {"code": 24, "text": "Syntax error: ", "line": 3, "column": 6,
                     "countedLine": 4, "sourceLine": " x = = 1"},
         "procedures": [{"name": "f", "kind": "Sub", "access": "", "line": 2, "endLine": null,
