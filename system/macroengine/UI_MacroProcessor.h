@@ -192,7 +192,8 @@ public:
     /// Passes on to Run.
     virtual MacroPlaybackResult PlayBack(int resume, MacroSource* source, char const* name);
     /// With `resume` 0: runs what has been parsed; if that is nothing, parses the source that is
-    /// given first. pbFinished, or pbFailed if there is nothing to run. Else: runs the block of the
+    /// given first. pbFinished, or pbFailed if there is nothing to run. The mode must be one that
+    /// runs: in emFinished, for one, the run is over at once. Else: runs the block of the
     /// dialog `name`, see UI_Macro::ContinuePlayback. Raises: any; 42 for a run inside a run of
     /// this processor, or too many runs inside each other. Re-enters: any.
     virtual MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) = 0;
