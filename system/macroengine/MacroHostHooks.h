@@ -14,8 +14,9 @@ using namespace kel_ns;
 /// keeps the default. Called on the thread that runs the macro.
 struct MacroHostHooks {
     /// Shows a message and gives the number of the button: OK 1, Cancel 2, Abort 3, Retry 4, Ignore
-    /// 5, Yes 6, No 7. Without it title and text go to the debug output, and the answer is the
-    /// default button.
+    /// 5, Yes 6, No 7. `flags` are those of MsgBox: the lowest four bits the set of buttons, bits 8
+    /// and 9 which of them is the default. Without it title and text go to the debug output, and
+    /// the answer is the default button.
     std::function<int(const SYS_String& text, int flags, const SYS_String& title)> messageBox;
     /// What the function DoEvents does; nothing by itself.
     std::function<void()> doEvents;
