@@ -19,6 +19,7 @@ bool failTest(const char* message, const char* file, int line) {
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     unsetenv("COLUMNS"); // macros ask for the width of the terminal
+    unsetenv("NO_COLOR");
     kel_ns::SetAssertHandler(failTest);
     return RUN_ALL_TESTS();
 }

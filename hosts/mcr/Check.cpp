@@ -27,6 +27,8 @@ int CheckMacros(const std::vector<std::string>& files) {
             continue;
         }
         const MacroReport report = session.GetMacro().InspectMacroText(text, SYS_String(file));
+        if (report.endsEarly)
+            WriteError(DescribeProblem(file, report.problem, "warning: "));
         if (report.parses)
             continue;
         ++faulty;

@@ -7,10 +7,13 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
 using Tokenizer = UI_Tokenizer;
+
+constexpr const char* kUnknown = "\xEF\xBF\xBD"; // the sign for a character that is none
 
 void write(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
@@ -75,10 +78,13 @@ private:
 
 class Terminal : public Writer {
 public:
-    explicit Terminal(UI_Tokenizer& colors) : m_Colors(colors) {}
+    explicit Terminal(UI_Tokenizer& colors) : m_Colors(colors) {
+        const char* refused = std::getenv("NO_COLOR");
+        m_InColor = !refused || !*refused;
+    }
 
     void Text(int kind, std::string_view text) override {
-        const int color = nearest(m_Colors.GetFgColor(kind));
+        const int color = m_InColor ? nearest(m_Colors.GetFgColor(kind)) : 0;
         if (color == 0) {
             plain(text);
             return;
@@ -91,11 +97,16 @@ public:
 private:
     // Control characters could make a terminal do anything.
     static void plain(std::string_view text) {
-        for (const char c : text) {
-            if (IsControl(c) && c != '\t')
+        while (!text.empty()) {
+            const char c = text[0];
+            const std::size_t control = c == '\t' ? 0 : ControlLength(text);
+            if (control == 0)
+                write({&c, 1});
+            else if (control == 1)
                 write({std::array{'^', static_cast<char>(c ^ 0x40)}.data(), 2});
             else
-                write({&c, 1});
+                write(kUnknown);
+            text.remove_prefix(std::max<std::size_t>(control, 1));
         }
     }
 
@@ -114,6 +125,7 @@ private:
     }
 
     UI_Tokenizer& m_Colors;
+    bool m_InColor;
 };
 
 // --- The page ---------------------------------------------------------------------------------
@@ -185,13 +197,13 @@ private:
         m_InLine = true;
     }
 
-    // What no page may hold is shown by the sign for "unknown".
+    // What no page may hold is shown as unknown.
     static void plain(std::string_view text) {
         while (!text.empty()) {
             const std::size_t length = Utf8Length(text);
             const char c = text[0];
-            if (length == 0 || (IsControl(c) && c != '\t'))
-                write("\xEF\xBF\xBD");
+            if (length == 0 || (c != '\t' && ControlLength(text) > 0))
+                write(kUnknown);
             else if (c == '&')
                 write("&amp;");
             else if (c == '<')

@@ -45,10 +45,7 @@ std::string inOneLine(std::string_view text) {
             --end; // not in the middle of a character
         line = line.substr(0, end) + "...";
     }
-    for (char& c : line)
-        if (IsControl(c))
-            c = ' ';
-    return line;
+    return WithoutControls(line);
 }
 
 } // namespace
@@ -97,11 +94,13 @@ void ForEachPiece(UI_Tokenizer& tokenizer, const SYS_String& text, const std::st
     } while (!tokenizer.IsAtEnd());
 }
 
-std::string DescribeProblem(const std::string& path, const MacroProblem& problem) {
+std::string DescribeProblem(const std::string& path, const MacroProblem& problem,
+                            const char* prefix) {
     std::string_view text = problem.text.View();
     if (text.ends_with(": "))
         text.remove_suffix(2); // an error without a parameter
-    std::string line = path + ":" + std::to_string(problem.line + 1) + ": " + inOneLine(text);
+    std::string line =
+        path + ":" + std::to_string(problem.line + 1) + ": " + prefix + inOneLine(text);
     const std::string source = inOneLine(problem.sourceLine.View());
     if (!source.empty())
         line += ": " + source;

@@ -25,5 +25,6 @@ struct MacroPiece {
 void ForEachPiece(UI_Tokenizer& tokenizer, const SYS_String& text, const std::string& path,
                   const std::function<void(const MacroPiece&)>& visit);
 
-/// A problem in one line: `FILE:LINE: text: the line of the source`.
-std::string DescribeProblem(const std::string& path, const MacroProblem& problem);
+/// A problem in one line: `FILE:LINE: text: the line of the source`, with a word before the text.
+std::string DescribeProblem(const std::string& path, const MacroProblem& problem,
+                            const char* prefix = "");

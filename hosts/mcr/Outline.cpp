@@ -3,6 +3,7 @@
 #include "EditorCommands.h"
 #include "MacroText.h"
 #include "Session.h"
+#include "Utf8.h"
 
 #include <nlohmann/json.hpp>
 
@@ -44,7 +45,7 @@ std::string describe(const MacroProcedureInfo& procedure) {
     text += ")";
     const std::string description = textOf(procedure.description);
     if (!description.empty())
-        text += "  ' " + description.substr(0, description.find_first_of("\r\n"));
+        text += "  ' " + WithoutControls(description.substr(0, description.find_first_of("\r\n")));
     return text;
 }
 
@@ -101,7 +102,8 @@ Json asJson(const MacroProblem& problem) {
 void printJson(const std::string& file, const MacroReport& report) {
     Json page = {{"file", file},
                  {"parses", report.parses},
-                 {"problem", report.parses ? Json() : asJson(report.problem)},
+                 {"endsEarly", report.endsEarly},
+                 {"problem", report.parses && !report.endsEarly ? Json() : asJson(report.problem)},
                  {"procedures", Json::array()},
                  {"names", Json::array()}};
     for (const MacroProcedureInfo& procedure : report.procedures)
@@ -125,6 +127,8 @@ int PrintOutline(const std::string& file, bool asJson) {
         printJson(file, report);
     else
         printPlain(report);
+    if (report.endsEarly)
+        WriteError(DescribeProblem(file, report.problem, "warning: "));
     if (report.parses)
         return ExitDone;
     WriteError(DescribeProblem(file, report.problem));

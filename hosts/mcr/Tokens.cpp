@@ -18,13 +18,13 @@ constexpr const char* kClassNames[] = {"end",         "string",  "real",  "integ
 std::string escaped(std::string_view text) {
     std::string out;
     while (!text.empty()) {
-        const std::size_t length = Utf8Length(text);
+        const std::size_t length = ControlLength(text) == 0 ? Utf8Length(text) : 0;
         const auto byte = static_cast<unsigned char>(text[0]);
         if (text[0] == '\t') {
             out += "\\t";
         } else if (text[0] == '\\') {
             out += "\\\\";
-        } else if (length == 0 || IsControl(text[0])) {
+        } else if (length == 0) {
             char code[8];
             std::snprintf(code, sizeof code, "\\x%02x", byte);
             out += code;

@@ -10,8 +10,8 @@
 
 namespace kel_ns::SCL {
 
-// A circular doubly linked list that holds its elements by value. An element keeps its address
-// until it is removed, and its address is enough to remove it or to go on from it.
+/// A circular doubly linked list that holds its elements by value. An element keeps its address
+/// until it is removed, and its address is enough to remove it or to go on from it.
 template <class T> class SCL_CList {
     struct Link {
         Link* next;
@@ -62,7 +62,7 @@ public:
     SCL_CList& operator=(const SCL_CList&) = delete;
     ~SCL_CList() { Clear(); }
 
-    // Make an element at the end, at the front, or before an element of this list.
+    /// Make an element at the end, at the front, or before an element of this list.
     template <class... A> T* Emplace(A&&... arguments) {
         return make(&m_Ring, std::forward<A>(arguments)...);
     }
@@ -73,7 +73,7 @@ public:
         return make(linkOf(position), std::forward<A>(arguments)...);
     }
 
-    // Destroys the element, which must stand in this list. Null does nothing.
+    /// Destroys the element, which must stand in this list. Null does nothing.
     void Remove(T* element) {
         if (!element)
             return;
@@ -85,7 +85,7 @@ public:
         cStaticAlloc::deallocate(link, cellSize());
     }
 
-    // Destroys the elements from the first to the last.
+    /// Destroys the elements from the first to the last.
     void Clear() {
         while (m_Ring.next != &m_Ring)
             Remove(valueOf(m_Ring.next));
@@ -94,7 +94,7 @@ public:
     int GetCount() const noexcept { return m_Count; }
     bool IsEmpty() const noexcept { return m_Count == 0; }
 
-    // Null where there is none.
+    /// Null where there is none.
     T* GetFirst() const { return valueOrNull(m_Ring.next); }
     T* GetLast() const { return valueOrNull(m_Ring.previous); }
     T* GetNext(const T* element) const {

@@ -7,7 +7,7 @@
 
 namespace kel_ns::SCL {
 
-// An object whose life is counted. The owner is told for tracing only; null is fine.
+/// An object whose life is counted. The owner is told for tracing only; null is fine.
 class iRefCounted {
 public:
     virtual int AddRef(const void* owner) = 0;
@@ -20,9 +20,9 @@ protected:
     ~iRefCounted() = default;
 };
 
-// Implements the count for the interface I. A new object, and a copy, starts at 0 and belongs to
-// nobody; the Release that brings the count back to 0 deletes it. An object that its creator owns
-// otherwise disables the count: then AddRef and Release do nothing and return -1.
+/// Implements the count for the interface I. A new object, and a copy, starts at 0 and belongs to
+/// nobody; the Release that brings the count back to 0 deletes it. An object that its creator owns
+/// otherwise disables the count: then AddRef and Release do nothing and return -1.
 template <class I = iRefCounted> class tRefCounted : public I {
 public:
     tRefCounted() = default;
@@ -54,8 +54,8 @@ public:
     virtual void DisableRefCount() { m_RefCount = Disabled; }
     virtual bool RefCountDisabled() const { return m_RefCount == Disabled; }
 
-    // Ends the object. The count is off from here on, so that a counted pointer made and dropped
-    // by the destructor does not delete the object again.
+    /// Ends the object. The count is off from here on, so that a counted pointer made and dropped
+    /// by the destructor does not delete the object again.
     virtual void Delete() {
         m_RefCount = Disabled;
         delete this;
@@ -66,7 +66,7 @@ private:
     unsigned m_RefCount = 0;
 };
 
-// Owns one count of an object. T may be incomplete where a pointer is only declared.
+/// Owns one count of an object. T may be incomplete where a pointer is only declared.
 template <class T> class SCL_Pointer {
 public:
     SCL_Pointer() noexcept = default;
@@ -99,7 +99,7 @@ public:
         return *this;
     }
 
-    // Takes the new object before it lets go of the old one.
+    /// Takes the new object before it lets go of the old one.
     void Reset(T* object = nullptr) {
         SCL_Pointer next(object);
         Swap(next);

@@ -17,23 +17,23 @@
 
 namespace kel_ns::SCL {
 
-// The process-wide allocator of small blocks. Blocks of up to MaxPooled bytes come from free
-// lists, one for each multiple of 16 bytes, and go back there; their memory stays with the
-// process. Larger ones are handed to operator new. All blocks are aligned to 16 bytes. Exhausted
-// memory is std::bad_alloc. Not for use by several threads.
-//
-// Under the address sanitizer nothing is pooled, so that misuse of a block is found.
+/// The process-wide allocator of small blocks. Blocks of up to MaxPooled bytes come from free
+/// lists, one for each multiple of 16 bytes, and go back there; their memory stays with the
+/// process. Larger ones are handed to operator new. All blocks are aligned to 16 bytes. Exhausted
+/// memory is std::bad_alloc. Not for use by several threads.
+///
+/// Under the address sanitizer nothing is pooled, so that misuse of a block is found.
 class KEL_MCR_API cStaticAlloc {
 public:
     static constexpr std::size_t Granularity = 16;
     static constexpr std::size_t MaxPooled = 512;
 
-    // The size that allocate() would really reserve: a container may use the slack.
+    /// The size that allocate() would really reserve: a container may use the slack.
     static constexpr std::size_t GoodSize(std::size_t size) {
         return size == 0 ? Granularity : (size + Granularity - 1) & ~(Granularity - 1);
     }
 
-    // `hint` is taken for the sake of allocator conventions and not used.
+    /// `hint` is taken for the sake of allocator conventions and not used.
     static void* allocate(std::size_t size, const void* hint = nullptr) {
         static_cast<void>(hint);
         ++s_LiveBlocks;
@@ -48,7 +48,7 @@ public:
         return allocateLarge(size);
     }
 
-    // `size` must be the size the block was asked for. Null is allowed.
+    /// `size` must be the size the block was asked for. Null is allowed.
     static void deallocate(void* block, std::size_t size) {
         if (!block)
             return;
@@ -63,10 +63,10 @@ public:
         deallocateLarge(block);
     }
 
-    // Blocks handed out and not yet given back: what tests compare before and after.
+    /// Blocks handed out and not yet given back: what tests compare before and after.
     static std::size_t GetLiveBlocks() { return s_LiveBlocks; }
 
-    // Memory taken from the system for the pools.
+    /// Memory taken from the system for the pools.
     static std::size_t GetPoolBytes() { return s_PoolBytes; }
 
 private:

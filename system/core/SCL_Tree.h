@@ -10,8 +10,8 @@
 
 namespace kel_ns::SCL {
 
-// An ordered tree, or a row of trees: every node has any number of children in order. Nodes keep
-// their addresses. Nothing here recurses, so a tree may be as deep as memory allows.
+/// An ordered tree, or a row of trees: every node has any number of children in order. Nodes keep
+/// their addresses. Nothing here recurses, so a tree may be as deep as memory allows.
 template <class T> class SCL_Tree {
 public:
     class Node {
@@ -50,7 +50,7 @@ public:
         Node* m_Previous = nullptr;
     };
 
-    // Walks the values in pre-order.
+    /// Walks the values in pre-order.
     class iterator {
     public:
         using iterator_category = std::forward_iterator_tag;
@@ -82,7 +82,7 @@ public:
     SCL_Tree& operator=(const SCL_Tree&) = delete;
     ~SCL_Tree() { Clear(); }
 
-    // Make a node as the last child of a parent (null: at the top level), or in front of a node.
+    /// Make a node as the last child of a parent (null: at the top level), or in front of a node.
     template <class... A> Node* AddChild(Node* parent, A&&... arguments) {
         Node* node = make(parent, std::forward<A>(arguments)...);
         link(node, nullptr);
@@ -94,7 +94,7 @@ public:
         return node;
     }
 
-    // Destroys the node with all below it, children before their parent. Null does nothing.
+    /// Destroys the node with all below it, children before their parent. Null does nothing.
     void Remove(Node* node) {
         if (!node)
             return;

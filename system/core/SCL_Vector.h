@@ -4,7 +4,7 @@
 
 namespace kel_ns::SCL {
 
-// A growing sequence of values without sharing; see SCC_Array for the one that shares.
+/// A growing sequence of values without sharing; see SCC_Array for the one that shares.
 template <class T> using SCL_Vector = std::vector<T>;
 
 } // namespace kel_ns::SCL

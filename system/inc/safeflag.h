@@ -6,15 +6,15 @@
 
 namespace kel_ns {
 
-// Counts how often something is entered; usually 0. Raising a counter that has fallen below zero
-// is an assertion: it was lowered once too often.
+/// Counts how often something is entered; usually 0. Raising a counter that has fallen below zero
+/// is an assertion: it was lowered once too often.
 class cSafeCounter {
 public:
     explicit cSafeCounter(int value = 0) : m_Value(value) {}
     cSafeCounter(const cSafeCounter&) = delete;
     cSafeCounter& operator=(const cSafeCounter&) = delete;
 
-    // All four return the value as the language's own operators do.
+    /// All four return the value as the language's own operators do.
     int operator++() { return increment() + 1; }
     int operator++(int) { return increment(); }
     int operator--() { return m_Value.fetch_sub(1) - 1; }

@@ -36,6 +36,7 @@ using kel_ns::SCL::iRefCounted;
 /// What every object of the engine offers.
 class iScriptObject : public iRefCounted {
 public:
+    /// The name that macros know it by; may be empty.
     virtual SYS_String GetName() const = 0;
 
 private:
@@ -48,9 +49,11 @@ class iArgument {
 public:
     virtual ~iArgument() = default;
     virtual SYS_String GetName() const = 0;
+    /// The name of a type or class, for people; calls do not check it.
     virtual SYS_String GetType() const = 0;
     virtual bool ByRef() const = 0;
     virtual bool IsOptional() const = 0;
+    /// At least 1; more only for an optional argument.
     virtual unsigned GetCount() const = 0;
 };
 
@@ -59,7 +62,9 @@ class iMethod {
 public:
     virtual ~iMethod() = default;
     virtual SYS_String GetName() const = 0;
+    /// "" for none.
     virtual SYS_String GetResultType() const = 0;
+    /// Not to be shown; it can be called all the same.
     virtual bool IsHidden() const = 0;
     virtual unsigned GetRequiredArguments() const = 0;
     virtual unsigned GetOptionalArguments() const = 0;
@@ -81,11 +86,14 @@ public:
     virtual ~iApplicationClass() = default;
     virtual SYS_String GetName() const = 0;
     virtual bool IsHidden() const = 0;
+    /// Null for a root.
     virtual const iApplicationClass* GetParentClass() const = 0;
     virtual unsigned GetMethodsCount() const = 0;
+    /// In the order of their declaration, from 0; null beyond the last one.
     virtual const iMethod* GetMethod(unsigned i) const = 0;
     virtual unsigned GetPropertiesCount() const = 0;
     virtual const iProperty* GetProperty(unsigned i) const = 0;
+    /// Null if neither the class nor a parent has one.
     virtual const iMethod* GetDefaultPropertyOrMethod() const = 0;
 };
 
@@ -95,6 +103,7 @@ public:
     virtual ~iApplicationClasses() = default;
     virtual SYS_String GetName() const = 0;
     virtual unsigned GetApplicationClassesCount() const = 0;
+    /// From 0, in the order in which they were made; null beyond the last one.
     virtual const iApplicationClass* GetApplicationClass(unsigned i) const = 0;
 };
 
@@ -106,8 +115,9 @@ public:
     cMacroArgument() = default;
     cMacroArgument(const SYS_String& name, const SYS_String& type, bool byRef = false);
 
-    /// Makes the argument optional, for up to n values of a call.
+    /// Makes the argument optional, for up to n values of a call; 0 or less: required again.
     cMacroArgument& opt(int n);
+    /// Whether it has a name.
     bool is_valid() const { return !m_Name.IsEmpty(); }
 
     SYS_String GetName() const override;
@@ -140,10 +150,12 @@ public:
 /// All classes of the process.
 class KEL_MCR_API cMacroAppClasses : public ScriptDebugger::iApplicationClasses {
 public:
+    /// Never destroyed.
     static cMacroAppClasses& Instance();
 
     /// Owner: the caller; the class must live as long as it is listed.
     void AddClass(ScriptDebugger::iApplicationClass* appClass);
+    /// Nothing for a class that is not listed.
     void RemoveClass(ScriptDebugger::iApplicationClass* appClass);
 
     SYS_String GetName() const override;
@@ -170,6 +182,7 @@ public:
     /// name replaces an earlier one in calls. A second default member is an assertion.
     void AddMethod(ScriptDebugger::iMethod* method, bool isDefault);
     void AddProperty(ScriptDebugger::iProperty* property, bool isDefault);
+    /// Owner: the caller. A second one is an assertion and changes nothing.
     void SetDefaultPropertyOrMethod(ScriptDebugger::iMethod* member);
     /// Asks editors not to show the class.
     void Hide() { m_Hidden = true; }
@@ -195,7 +208,10 @@ public:
         ScriptDebugger::iMethod* member = nullptr;
         const cMacroMember* callable = nullptr; // null for a member that is listed only
     };
+    /// Null for a null name, or one that this very class does not declare. Owner: the class, until
+    /// the next member is added.
     const Entry* Find(const char* name) const;
+    /// The parent if it is described by this class too, else null.
     const cMacroAppClass* GetParentAppClass() const { return m_ParentAppClass; }
 
 private:
@@ -218,8 +234,10 @@ private:
 /// The arguments of a member, counted. A required argument after an optional one is an assertion.
 class KEL_MCR_API cMacroArgumentList {
 public:
+    /// Takes copies up to the first argument without a name.
     cMacroArgumentList(std::initializer_list<cMacroArgument> arguments);
 
+    /// From 0; null beyond the last one.
     const cMacroArgument* Get(unsigned i) const {
         return i < m_Arguments.size() ? &m_Arguments[i] : nullptr;
     }

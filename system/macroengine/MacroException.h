@@ -32,12 +32,17 @@ public:
 
     /// Appends ": " and the parameter, also an empty one.
     void AddParam(const SYS_String& param);
+    /// What went wrong. A parse error has a second line with file, line number (from 1) and the
+    /// line of the source.
     const SYS_String& GetText() const { return m_Text; }
     /// What an automation object said of its failure, after its name; mostly empty.
     const SYS_String& GetDetail() const { return m_Detail; }
     void SetDetail(const SYS_String& detail) { m_Detail = detail; }
+    /// The name of the source; may be empty.
     const SYS_String& GetFilePath() const { return m_FilePath; }
+    /// The line, from 0, as the engine counts: a `rem` line counts twice.
     int GetPosition() const { return m_Position; }
+    /// Owner: the exception and its copies. May be null.
     MacroSource* GetSource() const;
 
 private:
@@ -54,5 +59,6 @@ public:
     virtual ~MacroStopException();
 };
 
-/// The text of an error number; "Unknown Error" if the engine's texts are not available.
+/// The text of an error number; "" for code 1, which has none of its own; "Unknown Error" if the
+/// engine's texts are not available.
 KEL_MCR_API SYS_String GetMacroErrorText(MacroERR_Code code);

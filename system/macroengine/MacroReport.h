@@ -9,7 +9,7 @@
 
 using namespace kel_ns;
 
-/// Why a text is no macro.
+/// Why a text is no macro, or not all of it.
 struct MacroProblem {
     int code = 1;    ///< of the error, see MacroERR_Code; 0 an error that is only text; 1 no error
     SYS_String text; ///< the error's own text, without place
@@ -54,7 +54,10 @@ struct MacroNameInfo {
 /// before it.
 struct MacroReport {
     bool parses = false;
-    MacroProblem problem; ///< if it does not parse
+    /// The text parses, but a string without its closing quote ends it early. The engine says
+    /// nothing of that when it runs the macro.
+    bool endsEarly = false;
+    MacroProblem problem; ///< if it does not parse, or where it ends early
     SCL_Vector<MacroProcedureInfo> procedures;
     SCL_Vector<MacroNameInfo> names;
 };

@@ -26,23 +26,32 @@ public:
     virtual void OnPause();
 
 protected:
+    /// For hosts; the engine does not call it.
     virtual void OnEnableExecution(int enable);
 
 public:
-    /// Back to the start of the text.
+    /// Back to the start of the text. Also called when a processor lets go of the source.
     virtual void Reset() = 0;
-    /// Gives the next piece of text (a line, or all of it); 0 at the end.
+    /// Gives the next piece of text (a line, or all of it) and 1; 0 at the end. A line may come
+    /// with or without its end; a NUL ends the text. `forParsing` is always true.
     virtual int GetNextLine(SYS_String& line, bool forParsing) = 0;
+    /// Stands in errors and is what scripts that the macro runs lie beside; may be empty.
     virtual SYS_String GetFileName() = 0;
-    /// Asked for every statement that is about to run; `line` is zero-based.
+    /// Asked for every statement that is about to run; `line` is zero-based. True interrupts the
+    /// run before it, which goes on in the mode that is set by then: to pause, set emPaused. May
+    /// also stop the run or edit the macro.
     virtual bool IsBreakPoint(long line);
+    /// For hosts; the engine calls neither.
     virtual void OnContinue();
     virtual void OnWakeup();
     /// True if the text comes line by line.
     virtual bool LineByLine();
-    /// A new source (count 0) for another file, or null.
+    /// A new source (count 0) for a script that the macro runs, or null if there is none of that
+    /// name: the macro then fails. `name` is absolute.
     virtual MacroSource* Clone(char const* name) = 0;
-    /// True keeps the macro alive at the failing statement.
+    /// Asked before anything of a failing run is unwound, not in evaluations. True keeps the macro
+    /// alive at the failing statement, which runs again: the cause must be out of the way by then,
+    /// or the mode emPaused. May stop the run.
     virtual bool BreakOnError(MacroException& error);
 
     /// The line that the run has just passed, zero-based.
@@ -74,9 +83,14 @@ public:
     /// Closes the file, so that the user can edit it during a pause.
     void OnPause() override;
     void Reset() override;
+    /// Gives the file as it is now, without a byte order mark. A file that cannot be read gives 0
+    /// and a true HasFailed.
     int GetNextLine(SYS_String& line, bool forParsing) override;
+    /// The name as it was given.
     SYS_String GetFileName() override;
+    /// False, unless a derived class gives the file by lines.
     bool LineByLine() override;
+    /// Null if there is no such file.
     MacroSource* Clone(char const* name) override;
 
     /// Whether the file could be opened and is small enough to be read as a whole.
@@ -117,12 +131,15 @@ public:
     static MacroFileNameStorage& GetStorage();
 
     const SYS_String& GetFileName() const { return m_Name; }
+    /// Stores the name and tells nobody.
     void SetFileName(char const* name) { m_Name = name; }
-    /// Stores the name and tells the subscribers.
+    /// Stores the name and tells the subscribers. Re-enters: the subscribers.
     void OnFileNameSetUp(char const* name);
-    /// Tells the subscribers the empty name; the stored one stays.
+    /// Tells the subscribers the empty name; the stored one stays. Re-enters: the subscribers.
     void OnFileNameCanceled();
+    /// Owner: the caller keeps the node, which leaves by itself at its end.
     void Subscribe(SCC_EventNode<SYS_String>& node) { m_Event.AddTail(node); }
+    /// Nothing for a node that has not subscribed here.
     void Unsubscribe(SCC_EventNode<SYS_String>& node);
 
 private:

@@ -34,27 +34,41 @@ public:
     /// True for a null name, a child, or a property of the class.
     bool IsPropertyGet(const char* name) override;
 
+    /// Renames the object; the names that it is registered under stay.
     virtual void SetName(const SYS_String& name);
-    /// Makes an object visible under a name (null: its own). An empty name does nothing.
+    /// Makes an object a child of this one under a name (null: its own) in place of what had the
+    /// name before. An empty name does nothing. Owner: the caller keeps the object.
     virtual void Register(MacroEval& object, const char* name);
+    /// Takes a name (null: the object's own) away if it is that object's. The object is no child
+    /// from now on.
     virtual void Remove(MacroEval& object, const char* name);
     /// The object of that name, or null. Raises: never.
     virtual UI_MacroVariant* Get(const char* name) const;
+    /// Registers with the parent, or with the current processor if there is no parent.
     virtual void RegisterWithMacroParent();
     virtual void RemoveFromMacroParent();
+    /// Null without a parent, or if it has gone.
     virtual MacroEval* GetEvalParent();
-    /// The dotted path of the parents, as it stands in recorded text.
+    /// The dotted path of the parents, as it stands in recorded text; two blanks for each open
+    /// dialog in the place of the name of the innermost one. A nameless parent that has a parent
+    /// is an assertion.
     virtual SYS_String GetEvalParentName();
+    /// Registers nothing.
     virtual void SetEvalParent(MacroEval* parent);
+    /// Raises: MacroException with that text, or with the text of the code, ": " and the
+    /// parameter; nothing without a processor.
     virtual void OnMacroError(const SYS_String& message) const;
     virtual void OnMacroError(int code, const SYS_String& param) const;
-    /// Strips omitted arguments at the end, then raises 34 unless the count is as expected.
+    /// Strips omitted arguments at the end, then raises 34 unless the count is as expected; without
+    /// a processor nothing is raised.
     virtual void CheckArguments(int expected, UI_MacroVariant* args, int& count);
+    /// Reports a line to the recordings, see MacroSupport::Record; nothing without a processor.
     virtual void Record(const char* text, int id);
     /// The processor has been reset; a host object may register its constants again.
     virtual void OnParserReset(MacroSupport& processor);
 
     SYS_String GetName() const override;
+    /// The name in the form of a member, for class descriptors.
     UI_MacroVariant GetMacroName(int argc, UI_MacroVariant* args) const;
     static cMacroAppClass* GetMacroClass();
 
@@ -70,9 +84,13 @@ protected:
     const SCC_SharedPointer<Map>& GetPMap() const { return m_Map; }
     Map& getMap();
 
+    /// Makes a constant in the running frame of a processor, to its next reset. A variable that
+    /// has the name already stays.
     static void regConstantInParser(MacroSupport& processor, const SYS_String& name,
                                     const UI_MacroVariant& value);
+    /// The same for all named colours, such as `vbColorBlack`.
     static void regColorConstantInParser(MacroSupport& processor);
+    /// The name of the constant for a colour; the number as text if it has none.
     static SYS_String getColorVarNameByRGB(int color);
 
 private:

@@ -41,7 +41,7 @@ enum MacroPlaybackResult {
 
 /// What `Option` statements set.
 struct MacroOptions {
-    int explicitDeclarations = 0;
+    int explicitDeclarations = 0; ///< 1: a name must be declared before it is used
 };
 
 /// A `Sub` or `Function` that the current macro declares.
@@ -52,28 +52,33 @@ public:
     FunctionTableItem() = default;
     explicit FunctionTableItem(Declaration* declaration) : m_Declaration(declaration) {}
 
+    /// As its header spells it. This and the next two assert that there is a declaration.
     SYS_String GetName() const;
+    /// The comment in front of it, without white space around it.
     SYS_String GetDescription() const;
     /// False while the procedure is declared but its body has not been parsed.
     bool HasBody() const;
+    /// Owner: the tree; it goes with the next parse.
     Declaration* GetDeclaration() const { return m_Declaration; }
 
 private:
     Declaration* m_Declaration = nullptr;
 };
 
+/// State and services of a run. "Raises: any" is a MacroException for what is wrong in the macro,
+/// or whatever an object of the host throws.
 class KEL_MCR_API MacroSupport : public MacroEval {
 public:
     enum ExecutionMode {
-        emRun = 0,
-        emStopped = 1,
-        emPaused = 2,
-        emStepInto = 3,
-        emStepOut = 4,
-        emStepOver = 5,
-        emFinished = 6,
-        emEval = 7,
-        emEvalPure = 8
+        emRun = 0,      ///< to a breakpoint or the end
+        emStopped = 1,  ///< ends the run
+        emPaused = 2,   ///< stands still until the mode changes
+        emStepInto = 3, ///< to the next procedure that is entered
+        emStepOut = 4,  ///< until the procedure has returned; at module level like emStepOver
+        emStepOver = 5, ///< to the next line of the running procedure
+        emFinished = 6, ///< the run came to its end, or an error ended it
+        emEval = 7,     ///< evaluates a text, with its effects
+        emEvalPure = 8  ///< evaluates a text; what has effects raises 46
     };
 
     /// A keyword and its token number.
@@ -97,17 +102,22 @@ public:
     using MacroEval::operator=;
 
     // The current processor.
+    /// Null before the first processor that was made with `nested`, and after the last.
     static MacroSupport* GetProcessor() { return s_Processor; }
-    /// Refuses the log recorder, by assertion.
+    /// Null is allowed. Refuses the log recorder, by assertion.
     static void SetProcessor(MacroSupport* processor);
     static MacroSupport* s_Processor;
     static bool s_bWaiting; ///< a flag for the host; the engine does not use it
 
+    /// Takes a copy for all processors, at any time, also before the first one and out of a hook
+    /// that is running.
     static void SetHostHooks(const MacroHostHooks& hooks);
     static const MacroHostHooks& GetHostHooks();
+    /// For all processors, from now on. The bound on strings holds for every SYS_String.
     static void SetLimits(const MacroLimits& limits);
     static const MacroLimits& GetLimits();
 
+    /// The keywords in lower case and the operators: GetTokensCount rows.
     static const TokenNode s_Tokens[];
     static int GetTokensCount();
     static const FuncNode s_Functions[];
@@ -122,8 +132,9 @@ public:
                                   UI_MacroVariant* args, int argc, bool isCall);
     /// A variable of the top frame, or null. Owner: the frame.
     UI_MacroVariant* LookupVar(const SYS_StrNoCase& name);
-    /// The variable of the top frame, made if missing; null without a frame.
+    /// The variable of the top frame, made if missing; null without a frame. Owner: the frame.
     UI_MacroVariant* RegisterVar(const SYS_StrNoCase& name);
+    /// False if the top frame has no such variable. References to it read as Null from now on.
     bool RemoveVar(const SYS_StrNoCase& name);
     /// A variable as an expression sees it: top frame, bottom frame, else made in the top frame.
     UI_MacroVariant* getExecutionStackVar(const SYS_StrNoCase& name);
@@ -131,29 +142,46 @@ public:
                                                unsigned& place);
     /// Raises the error of an undeclared name; false if it may be made.
     bool checkExplicit(const char* name);
+    /// The one string of that text that the parse shares. Owner: the processor, to its reset.
     const SYS_String& getDicStr(const SYS_String& text);
     MacroOptions& getOptions() { return m_Options; }
 
     // Sources, outputs, modes.
+    /// Back to an empty module frame: procedures, frames, variables and open files go; registered
+    /// objects, source, output, mode and the last error stay. Not during a run. Re-enters: the
+    /// source, and OnParserReset of all objects; what they throw goes through.
     void Reset();
+    /// Resets and takes a reference to the source, which may be null. Re-enters: as Reset.
     void SetSource(MacroSource* source);
     MacroSource* GetSource() const { return m_Source; }
     MacroOutput* GetOutput() const { return m_Output; }
+    /// Takes a reference to the output of recorded lines; null ends the recording.
     void SetOutput(MacroOutput* output);
     /// The same, with nothing held back from an earlier recording.
     void BeginRecording(MacroOutput* output);
     ExecutionMode GetExecutionMode() const { return m_ExecutionMode; }
+    /// Takes effect behind the step that runs. Without effect while a stop or an evaluation is
+    /// under way, which can only be stopped or finished. Pausing calls OnPause of the source.
+    /// Re-enters: the source.
     void SetExecutionMode(ExecutionMode mode);
+    /// Whether the mode is none of stopped, paused and finished.
     virtual bool IsExecuting() const;
+    /// How many runs are under way, one inside the other.
     virtual int InPlaybackMode() const;
+    /// 1 while there is an output.
     virtual int InRecordMode() const;
+    /// What RequestExit was given last.
     int GetReturnValue() const { return m_ReturnCode; }
+    /// Keeps a number for GetReturnValue. It ends nothing.
     void RequestExit(int code);
+    /// The line, from 0, at which an error would be told now: of the parse, else of the run.
     int GetParsePosition() const;
+    /// The line, from 0, of the step that runs; 0 without one.
     long GetCurrentLine() const;
 
     // Work.
-    /// Runs a file (empty: the source in use), or one procedure of it. Raises: any.
+    /// Runs a file (empty: the source in use), or one procedure of it, see UI_Macro. Raises: any;
+    /// 42 inside a run. Re-enters: any.
     virtual UI_MacroVariant ExecuteMacro(const SYS_String& file, const SYS_String& function,
                                          UI_MacroVariant* args, int argc);
     /// Evaluates the source in use, an expression or statements, with the frames as they are; the
@@ -161,33 +189,55 @@ public:
     /// the macro's procedures are refused. The tree is replaced: `UI_Macro::Eval` puts the running
     /// macro's aside first. Raises: any. Re-enters: any.
     virtual UI_MacroVariant Eval(bool sideEffects);
+    /// Passes on to Run.
     virtual MacroPlaybackResult PlayBack(int resume, MacroSource* source, char const* name);
+    /// With `resume` 0: runs what has been parsed; if that is nothing, parses the source that is
+    /// given first. pbFinished, or pbFailed if there is nothing to run. The mode must be one that
+    /// runs: in emFinished, for one, the run is over at once. Else: runs the block of the
+    /// dialog `name`, see UI_Macro::ContinuePlayback. Raises: any; 42 for a run inside a run of
+    /// this processor, or too many runs inside each other. Re-enters: any.
     virtual MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) = 0;
+    /// Calls a procedure of the macro, also of a paused or finished one, and gives its value; step
+    /// and mode are then as before. Owner: the caller keeps `args`. Raises: any; 46 for an unknown
+    /// name or a wrong number of arguments. Re-enters: any.
     virtual UI_MacroVariant Call(const SYS_String& function, UI_MacroVariant* args, int argc) = 0;
+    /// See MacroParser.
     virtual bool Parse() = 0;
-    /// Parses the source unless it has been parsed since the last reset.
+    /// Parses the source unless it has been parsed since the last reset. Raises: parse errors.
     void RefreshFunctionTable();
     /// Turns a registered or built-in name into an automation object, which is not counted; 0 if
     /// the name is unknown.
     int EnableAutomation(const char* name, IDispatch* object);
-    /// Applies a name and its argument lists to a value, one list after the other.
+    /// Applies a name and its argument lists to a value, one list after the other. Raises: any.
+    /// Re-enters: host members.
     UI_MacroVariant EvalArgListList(UI_MacroVariant* target, const char* name,
                                     const UI_MacroArray& lists);
 
-    // Errors. All always throw MacroException.
+    // Errors. All always throw MacroException, with file and line of the parse or run, and store
+    // it as the last error.
+    /// The text of the code, ": " and the parameter; of code 1 the parameter alone.
     virtual UI_MacroVariant OnError(MacroERR_Code code, const SYS_String& param);
+    /// A text of its own; its code is 0.
     virtual UI_MacroVariant OnError(const SYS_String& message);
     /// The text of the code alone, without the place of a parameter.
     UI_MacroVariant OnError(MacroERR_Code code);
+    /// Of the last error since a run or check began: see MacroERR_Code; 0 for a text of its own, 1
+    /// for none. Also tells of an open `For`, which ends a parse without an exception.
     int GetLastErrorCode() const { return m_LastErrorCode; }
+    /// From 0, as the engine counts: a `rem` line counts twice. 0 without an error.
     long GetLastErrorLine() const { return m_LastErrorLine; }
+    /// The whole text but for what a parse error adds about its place; "" without an error.
     const SYS_String& GetLastErrorText() const { return m_LastErrorText; }
     void ClearLastError();
 
     // Frames. 0 is the innermost; the numbers run on through the parents.
     int GetFramesCount() const;
+    /// Owner: the processor, until the procedure returns. A frame that does not exist is an
+    /// assertion and null.
     ExecutionContext* GetContext(int frame) const;
     FrameStack& GetFrames() const { return *m_ContextStack; }
+    /// The processor that was current when this one was made; null if there was none, or if it has
+    /// gone.
     MacroSupport* GetParentProcessor() const { return m_Parent; }
 
     // Variables of a frame, for a debugger; frames are numbered as above.
@@ -225,6 +275,7 @@ public:
     SYS_String GetModalContext() const;
     /// Two blanks for each open dialog.
     SYS_String GetModalContextIndent() const;
+    /// How many dialogs are open.
     int GetModalContextLevel() const;
 
     // Logs of recorded lines, which need no recording.
@@ -239,6 +290,7 @@ public:
     /// uncompressed. Gives 1, or 0 if the file cannot be opened (an assertion). With a log open
     /// another path is an assertion and changes nothing; null closes the log.
     int SetBMWLogFile(char const* path, int append);
+    /// 1 while that log is open.
     int InBMWLoggingMode() const;
 
     // Files by number. A number that was never opened is a closed file; printing to it, reading
@@ -247,6 +299,7 @@ public:
     void OnOpen(const SYS_String& name, ParserTree::FileOpenMode mode, int stream,
                 ParserTree::FileAccessMode access, ParserTree::FileLockMode lock,
                 long recordLength);
+    /// Closes the files of those numbers. Raises: what converting them to integers raises.
     void OnClose(UI_MacroVariant* numbers, long count);
     void CloseAllFiles();
     /// Raises: 37 for a file that is not open for printing.
@@ -254,16 +307,24 @@ public:
     /// Reads one field for each target. Raises: 37 for a file that is not open for reading, 36 at
     /// its end. Re-enters: host objects.
     void OnInput(UI_MacroVariant* targets, long count, int stream);
+    /// Sets the column behind which output goes on in a new line; 0 for none. Nothing for a closed
+    /// file.
     void OnWidth(int stream, long width);
     /// The stream of a number, made closed if there is none. Owner: the processor, to its reset.
     TextFile& GetFile(int stream);
     FileTable& GetFiles() const;
 
     // Services for the nodes of the tree.
+    /// Opens a block in the top frame; false without a frame.
     bool With(const UI_MacroVariant& object, ParserTree::Node* with, bool isDialog);
+    /// Closes the innermost block of the top frame; false if that is no `With`.
     bool WithEnd();
+    /// Marks the innermost block of a kind as left; 0 if there is none.
     int BreakLoop(int kind);
+    /// Closes the blocks of the top frame down to a place; 1 if one stays open, else 0.
     int PopContextUpToPosition(int position);
+    /// Makes the elements of a fixed array Empty, or the variable that holds another one. Raises:
+    /// 27 for what is no array.
     void OnErase(UI_MacroVariant& value);
     /// Starts the random numbers anew; null is the seed 1.
     void OnRandomize(UI_MacroVariant* seed);
@@ -286,6 +347,7 @@ public:
     const FunctionTableItem* CalledProcedure(const FunctionTableItem* procedure,
                                              const MacroName* name, bool isApplied,
                                              unsigned& place) const;
+    /// The procedures of the macro and of the scripts that it has run, first declared first.
     SCC_Map<SYS_StrNoCase, FunctionTableItem>& GetProcedures() { return m_Functions; }
     ParserTree::NodeImpl<ParserTree::Function, false>* GetCurrentFunction() const {
         return m_CurrentFunction;
@@ -387,6 +449,7 @@ protected:
     SCC_SafePointer<MacroSupport> m_Parent;
 };
 
+/// Parses, and walks the tree.
 class KEL_MCR_API MacroParser : public MacroSupport {
 public:
     explicit MacroParser(bool nested);
@@ -396,7 +459,9 @@ public:
 
     MacroPlaybackResult Run(int resume, MacroSource* source, char const* name) override;
     UI_MacroVariant Call(const SYS_String& function, UI_MacroVariant* args, int argc) override;
-    /// Parses the source into the tree; false if a block stayed open. Raises: any parse error.
+    /// Parses the source into the tree, in place of what was there; true if it can run. False
+    /// without a source, and if a `For` stayed open: the last error then tells of it, with no tree.
+    /// Raises: parse errors; 36 if the source's file cannot be read. Re-enters: the source.
     bool Parse() override;
 
     /// One changed line of a macro: 0 inserted, 1 deleted, 2 changed. Lines count from 0 as the
@@ -415,7 +480,11 @@ public:
     /// parse. Re-enters: the source.
     virtual bool Reparse(SCL_Vector<LineChange> const& changes);
 
+    /// The next token of the text being parsed: 0 at the end, a character, a token number, or a
+    /// negative one for a string without its end.
     virtual int NextToken();
+    /// Raises: 24, or the error of the block in which the text stands; never returns normally
+    /// unless overridden.
     virtual void OnSyntaxError(int line);
 
     ParserTree& GetTree() const { return *m_Tree; }

@@ -6,6 +6,9 @@
 // its kind (`VariantValueType`); fields that belong to another kind may be stale and mean nothing.
 // Rarely used parts (array elements, stored arguments, a counted object) are made on demand, so
 // that a value stays at 64 bytes and building or destroying a plain one touches no other memory.
+//
+// Errors go to the current processor as a MacroException with the code that is named. Without a
+// processor they are an assertion, and the result is Empty or 0.
 
 #include <SCC_Array.h>
 #include <SCC_SafePointer.h>
@@ -37,22 +40,27 @@ using namespace kel_ns;
 /// The kind of a value. The order of the numbers decides which operand's kind an operator follows.
 enum VariantValueType : unsigned char {
     vvtEmpty = 1,
-    vvtObject = 2,
-    vvtFunction = 3,
+    vvtObject = 2,   ///< an automation object, or a call of one of its members still to be made
+    vvtFunction = 3, ///< a built-in function or a procedure, with its arguments
     vvtString = 4,
-    vvtInteger = 5,
+    vvtInteger = 5, ///< 64 bits
     vvtDouble = 6,
-    vvtBoolean = 7,
-    vvtReference = 8,
+    vvtBoolean = 7,   ///< -1 or 0
+    vvtReference = 8, ///< to another value, which it does not keep alive: then, and if null, Null
     vvtArray = 9,
-    vvtMissing = 10,
-    vvtHandle = 11,
-    vvtScript = 12,
-    vvtUnknown = 13
+    vvtMissing = 10, ///< the place of an argument that was left out
+    vvtHandle = 11,  ///< a pointer of the host, of which 32 bits count
+    vvtScript = 12,  ///< a file to be run
+    vvtUnknown = 13  ///< a counted object without automation
 };
 
 /// How an array came into a value; it decides what may be assigned to the value later.
-enum VariantArrayType : int { ArrayUnset = 0, ArrayValue = 1, ArrayDynamic = 2, ArrayFixed = 3 };
+enum VariantArrayType : int {
+    ArrayUnset = 0,   ///< made by `ReDim` alone: the variable takes anything
+    ArrayValue = 1,   ///< came by assignment: takes anything
+    ArrayDynamic = 2, ///< declared without bounds: takes arrays
+    ArrayFixed = 3    ///< declared with bounds: takes nothing as a whole
+};
 
 /// Which default member an object may yield: any, a property only, or a method only.
 enum EDerefFlag { derefAny = 0, derefPropertyGet = 1, derefMethod = 2 };
@@ -87,15 +95,20 @@ public:
     void SetLowerBound(int lower) { m_LowerBound = lower; }
     /// The last index: -1 for an empty array with lower bound 0.
     KEL_MCR_API int GetUpperBound() const;
+    /// 1 if the index lies between the bounds, else 0.
     KEL_MCR_API int InBounds(int index) const;
+    // What makes an array larger raises 20 ("out of memory") beyond the limit of elements.
     /// Resizes to n elements; 0 or less changes nothing.
     KEL_MCR_API void ChangeCount(int n);
+    /// Resizes to lower..upper, keeping elements by their distance from the lower bound; with upper
+    /// below lower the elements stay and only the lower bound changes.
     KEL_MCR_API void ChangeBounds(int lower, int upper);
+    /// No elements, lower bound 0.
     KEL_MCR_API void Clear();
     /// The writable element of an index in bounds terms. Separates a shared buffer and extends
     /// the array for a high index; below the lower bound it asserts and gives a scratch element.
     KEL_MCR_API UI_MacroVariant& operator[](int index) const;
-    /// Adds a copy at the end.
+    /// Adds a copy at the end; in a sorted array, at its place.
     KEL_MCR_API void Append(const UI_MacroVariant& value);
     /// Element 0, null when empty. The writable form separates a shared buffer.
     const UI_MacroVariant* GetData() const { return Data(); }
@@ -144,19 +157,30 @@ public:
     // Virtual operations.
     /// The target of a Reference or the owner of a Function; null if there is none.
     virtual UI_MacroVariant* operator->() const;
-    /// The element of an index between the bounds. Raises: 29.
+    /// The element of an index between the bounds of the outermost level. The writable form
+    /// separates a shared buffer. Raises: 29, also for what is no array.
     virtual UI_MacroVariant& operator[](int index);
     const UI_MacroVariant& operator[](int index) const;
     /// The raw copy: a Reference stays a Reference. Raises: 31 on a fixed or dynamic array.
     virtual UI_MacroVariant& operator=(const UI_MacroVariant& src);
-    /// The assignment of the language: copies what the source reads as. Re-enters: host objects.
+    /// The assignment of the language: copies what the source reads as, into the target of a
+    /// Reference. Nothing happens on a constant. Raises: 31 on a fixed array, and for all but
+    /// arrays on a dynamic one; 42 for an array nested too deep; unless a variable holds it,
+    /// "Object doesn't support this property or method" on an object. Re-enters: host objects.
     virtual void Assign(const UI_MacroVariant& src);
-    /// The statement `Set`: binds an object. Re-enters: host objects.
+    /// The statement `Set`: binds an object. Raises: 43 for the target itself, 31 on a fixed or
+    /// dynamic array, "Object cannot be referenced" where nothing can be bound. Re-enters: host
+    /// objects.
     virtual void SetObjectRef(const UI_MacroVariant& src);
+    /// Whether that member is a property and no method; false for all but objects of the host.
     virtual bool IsPropertyGet(const char* name);
-    /// Member access, call, or index, by kind; a null name applies the arguments to the value.
+    /// Member access, call, or index, by kind; a null name applies the arguments to the value, and
+    /// null arguments are those that it stores. A member of an automation object becomes a pending
+    /// call, an element a Reference to it. Raises: any. Re-enters: host members, procedures.
     virtual UI_MacroVariant Evaluate(const char* name, UI_MacroVariant* args, int argc);
+    /// The class of an object of the host; null for all else.
     virtual const ScriptDebugger::iApplicationClass* GetMacroDescriptor() const;
+    /// Only a UI_MacroVariantParam can be constant; others take no notice.
     virtual void SetConstant(bool constant);
     virtual bool isConstant() const;
     /// The value to write through, null for a dead target or a constant.
@@ -175,32 +199,43 @@ public:
     static UI_MacroVariantParam& Null();
     static UI_MacroVariantParam& Nothing();
 
-    // Accessors.
+    // Accessors. They look at this value alone and follow no Reference.
     VariantValueType GetType() const { return m_Type; }
+    /// Changes the kind and no other field.
     void SetType(VariantValueType type) { m_Type = type; }
     bool IsEmpty() const { return m_Type == vvtEmpty; }
     bool IsHandle() const { return m_Type == vvtHandle; }
     bool IsExecScript() const { return m_Type == vvtScript; }
     /// The raw payload, whatever the kind.
     __int64 GetIntVal() const { return m_Payload.integer; }
+    /// Of an Object: how the pending call is to be made; 0 without one. Its member beside it.
     int GetWFlags() const { return static_cast<int>(m_FlagsOrDims & 0xFFFFu); }
     int GetDispId() const { return m_IdOrArrayType; }
+    /// These two of an Array. Without bounds it has no dimensions.
     VariantArrayType GetArrayType() const { return static_cast<VariantArrayType>(m_IdOrArrayType); }
     int GetArrNumDims() const { return static_cast<int>(m_FlagsOrDims); }
+    /// The elements of the outermost level, or stored arguments. The writable form makes an empty
+    /// array if there is none, and leaves the kind alone.
     UI_MacroArray& Arrval();
     const UI_MacroArray& Arrval() const;
+    /// The target of a Reference, the owner of a Function; null if there is none, or it has gone.
     UI_MacroVariant* getRefVal() const { return m_Target; }
     explicit operator UI_MacroVariant*() const { return m_Target; }
+    /// These three assert that the kind is theirs.
     const SYS_String& GetStringVal() const;
     const SYS_String& GetExecScriptVal() const;
+    /// The low 32 bits, sign-extended.
     void* GetHandle() const;
     /// The pointer of an Object (not counted for the caller), null for other kinds.
     IDispatch* GetDispatchVal() const;
+    /// The counted object of an Unknown or Object; not counted for the caller.
     IUnknown* GetUnknownVal() const;
+    /// Of a Function; null for a procedure of a macro.
     MacroFunctionHandler GetFunctionHandler() const { return m_Payload.handler; }
     /// The name of a Function value.
     const SYS_String& GetFunctionName() const { return m_Text; }
 
+    // These change the kind and its field. What another kind holds stays until Clear.
     void SetIntVal(__int64 value);
     void SetBoolVal(bool value);
     void SetRealVal(double value);
@@ -208,51 +243,75 @@ public:
     void SetExecScriptVal(const SYS_String& text);
     void SetHandleVal(void* handle);
     void SetFunctionRefVal(const SYS_String& name, UI_MacroVariant* owner);
+    /// A Reference; null is Null. The value itself is an assertion and changes nothing.
     void SetLValueVal(UI_MacroVariant* const target);
     /// `addRef` false leaves the object uncounted: the host keeps it alive.
     void SetObjectVal(IDispatch* object, bool addRef);
+    /// The same without changing the kind.
     void attachDispatchVal(IDispatch* object, bool addRef);
     void SetUnknownObjectVal(IUnknown* object);
     void SetVariantVal(const SCC_Variant& value);
     /// Turns a pending call into a property read; false unless this is an Object.
     bool SetToPropertyGet();
-    /// Back to Empty; releases everything.
+    /// Back to Empty; releases everything. Re-enters: an object that ends by it.
     void Clear();
 
-    /// Follows References to the first other kind; null when a target is null.
+    /// Follows References to the first other kind; null when a target is null. Re-enters: the
+    /// getter of a property that nobody has read.
     UI_MacroVariant* getBody() const;
-    /// The body if it is an object, else null.
+    /// The body if it is an object, else null. An Unknown counts only if it is allowed.
     UI_MacroVariant* getObject(bool allowUnknown) const;
     /// The value of a default member, or `source` itself. Called on a temporary that holds it.
+    /// Raises: any. Re-enters: host members.
     const UI_MacroVariant& derefObject(const UI_MacroVariant& source);
+    /// The same in place.
     const UI_MacroVariant& derefThis();
+    /// Applies arguments to an object's default member, a function or an array; false for what
+    /// takes none. Raises: any. Re-enters: host members.
     bool evaluateDereference(UI_MacroVariant* args, int argc, UI_MacroVariant& out,
                              EDerefFlag flag);
     /// Same object: one `MacroEval`, or one automation identity. Nothing equals Nothing.
     bool IsObjectSame(UI_MacroVariant& other);
 
-    // Arrays.
+    // Arrays. Dimensions count from 1, and the last one is the outermost level. 0 for a dimension
+    // that does not exist, or of what is no array.
     int GetArraySize(int dim) const;
     int GetArrayLowerBound(int dim) const;
     int GetArrayUpperBound(int dim) const;
+    /// Sets an index for each dimension, the outermost level first, to its lower bound. Owner: the
+    /// caller; GetArrNumDims places.
     void resetMultiArrayInx(long* inx);
-    /// The element at `inx`, which then moves on; null when the walk is over.
+    /// The element at `inx`, which then moves on, the innermost level fastest; null when the walk
+    /// is over. Separates shared buffers.
     UI_MacroVariant* nextMultiArrayVal(long* inx);
 
-    // Conversions. All but the private forms read objects through their default member.
+    // Conversions. All but the private forms read objects through their default member. Numbers
+    // raise 23 for a Function, Array, Missing or Script; an object that has gone is 0 or "".
+    // Re-enters: host objects.
+    /// Rounded half away from zero; beyond 64 bits the smallest number.
     explicit operator __int64() const;
+    /// These two give the low 32 bits, sign-extended.
     explicit operator int() const;
     explicit operator long() const;
+    /// Whether the integer is not 0.
     explicit operator bool() const;
     explicit operator double() const;
+    /// Numbers as macros print them; "" for what has no text.
     explicit operator SYS_String() const;
     explicit operator SCC_Variant() const;
+    /// Raises: 23 for Empty, Function, Array, Missing and Script.
     void* ToHandle() const;
+    /// The text of a String; "" for any other kind.
     SYS_String ToString() const;
+    /// The integer; the fallback for Empty, Missing and Null.
     int ToInt(int fallback) const;
     bool convToBool() const;
 
-    // Operators of the language; the kinds of the operands decide, as in the language guide.
+    // Operators of the language; the kinds of the operands decide, as in the language guide. `^` is
+    // Xor and Power the power, `|` and `&` are Or and And, `~` is Not by bits, `/` gives a Double,
+    // `%` and IntDiv work on integers. Raise 14 for Null where it has no meaning, 23 or 34 for
+    // kinds that do not fit, 20 for a whole division by 0, 18, 19, 21 and 22 for a power. Re-enter:
+    // host objects.
     UI_MacroVariant operator+(const UI_MacroVariant& rhs) const;
     UI_MacroVariant operator-(const UI_MacroVariant& rhs) const;
     UI_MacroVariant operator*(const UI_MacroVariant& rhs) const;
@@ -285,15 +344,20 @@ public:
     UI_MacroVariant Power(const UI_MacroVariant& rhs) const;
     VariantValueType GetSuperiorType(VariantValueType other) const;
 
-    // Automation.
+    // Automation. The forms that give int: 1, and the value is the object, counted; 0, and it is as
+    // it was. Re-enter: factories and objects.
+    /// Takes a copy of the value, with a count of an object.
     void init(const tagVARIANT& value);
     void Init(const COleVariant& value);
     explicit operator COleVariant() const;
     int CreateObject(const char* progId);
     int CreateObject(const _GUID& classId);
+    /// With a server other than "" always 0 here.
     int CreateObject(const char* progId, const char* server);
+    /// The object that is registered as active.
     int GetActiveObject(const char* progId);
     int GetActiveObject(const _GUID& classId);
+    /// The object running under a name; without a name, a new one of the class.
     int GetObject(const char* path, const char* className);
 
     /// Which of the engine's own classes this value is; lets the engine avoid casts at run time.
@@ -368,6 +432,7 @@ private:
 /// A variable, parameter or constant. Bound to a Reference it becomes an alias of the target.
 class KEL_MCR_API UI_MacroVariantParam : public UI_MacroVariant {
 public:
+    /// Empty.
     explicit UI_MacroVariantParam(bool constant);
     UI_MacroVariantParam(const UI_MacroVariant& value, bool constant);
     /// Copies the value; the copy is no constant.
@@ -422,10 +487,13 @@ private:
 /// Makes and reshapes arrays in values, for the declaration statements and for hosts.
 class KEL_MCR_API MacroVariantArraySupport {
 public:
-    /// Raises: 20 ("out of memory") beyond the processor's array limit.
+    /// Makes the variable an array of these bounds, subscript k being dimension k + 1: fixed,
+    /// unless it is dynamic or has no bounds. Raises: 20 ("out of memory") beyond the limit of
+    /// elements.
     static void CreateArray(UI_MacroVariant* var, SCC_Array<_ArraySubscript>& subscripts,
                             bool dynamic);
-    /// Raises: 32 on a fixed array, 33 if the data cannot be preserved.
+    /// Gives an array new bounds, or makes one. Raises: 32 on a fixed array, 33 if the data cannot
+    /// be preserved, 20 as above.
     static void ReCreateArray(UI_MacroVariant* var, SCC_Array<_ArraySubscript>& subscripts,
                               bool preserve);
     /// Gives every nested level of an array a buffer of its own. Raises: 42 when nested too deep.

@@ -94,7 +94,7 @@ public:
     /// Not counted; null for Nothing. Raises for anything that is no object.
     IDispatch* Object(UINT index) const;
 
-    // The same with a value for an argument that is not given.
+    /// The same with a value for an argument that is not given.
     LONGLONG Integer(UINT index, LONGLONG fallback) const {
         return IsGiven(index) ? Integer(index) : fallback;
     }

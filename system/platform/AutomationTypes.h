@@ -184,8 +184,8 @@ struct SAFEARRAYBOUND {
     LONG lLbound;
 };
 
-// Made by SafeArrayCreate only. The bounds stand in reverse: rgsabound[0] is the last dimension.
-// The first index of an element runs fastest in memory.
+/// Made by SafeArrayCreate only. The bounds stand in reverse: rgsabound[0] is the last dimension.
+/// The first index of an element runs fastest in memory.
 struct tagSAFEARRAY {
     USHORT cDims;
     USHORT fFeatures;
@@ -196,8 +196,8 @@ struct tagSAFEARRAY {
 };
 using SAFEARRAY = tagSAFEARRAY;
 
-// A tagged value. A new one is made valid by VariantInit. With VT_BYREF it points at data of
-// somebody else, which it neither frees nor counts.
+/// A tagged value. A new one is made valid by VariantInit. With VT_BYREF it points at data of
+/// somebody else, which it neither frees nor counts.
 struct tagVARIANT {
     VARTYPE vt;
     WORD wReserved1;
@@ -249,7 +249,7 @@ struct tagVARIANT {
 using VARIANT = tagVARIANT;
 using VARIANTARG = VARIANT;
 
-// Arguments of a call, the last one first; named arguments stand in front.
+/// Arguments of a call, the last one first; named arguments stand in front.
 struct DISPPARAMS {
     VARIANTARG* rgvarg;
     DISPID* rgdispidNamedArgs;
@@ -257,7 +257,7 @@ struct DISPPARAMS {
     UINT cNamedArgs;
 };
 
-// What a call that failed with DISP_E_EXCEPTION has to tell. The caller frees the texts.
+/// What a call that failed with DISP_E_EXCEPTION has to tell. The caller frees the texts.
 struct EXCEPINFO {
     WORD wCode;
     WORD wReserved;
@@ -295,7 +295,7 @@ protected:
 };
 
 struct IEnumVARIANT : IUnknown {
-    // Gives up to `count` values; S_FALSE if there were fewer.
+    /// Gives up to `count` values; S_FALSE if there were fewer.
     virtual HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) = 0;
     virtual HRESULT STDMETHODCALLTYPE Skip(ULONG count) = 0;
     virtual HRESULT STDMETHODCALLTYPE Reset() = 0;
@@ -377,7 +377,7 @@ union BINDPTR {
 };
 
 struct ITypeInfo : IUnknown {
-    // Give back what ITypeComp::Bind handed out together with this object.
+    /// Give back what ITypeComp::Bind handed out together with this object.
     virtual void STDMETHODCALLTYPE ReleaseFuncDesc(FUNCDESC* description) = 0;
     virtual void STDMETHODCALLTYPE ReleaseVarDesc(VARDESC* description) = 0;
 
@@ -386,8 +386,8 @@ protected:
 };
 
 struct ITypeComp : IUnknown {
-    // Success with DESCKIND_NONE means that the name is unknown. A description belongs to `info`
-    // if that is not null, else to the ITypeComp.
+    /// Success with DESCKIND_NONE means that the name is unknown. A description belongs to `info`
+    /// if that is not null, else to the ITypeComp.
     virtual HRESULT STDMETHODCALLTYPE Bind(LPOLESTR name, ULONG hash, WORD flags, ITypeInfo** info,
                                            DESCKIND* kind, BINDPTR* binding) = 0;
 

@@ -15,14 +15,14 @@
 
 namespace kel_ns {
 
-// Orders elements for sorted arrays: below, equal to or above 0.
+/// Orders elements for sorted arrays: below, equal to or above 0.
 class SCC_ComparatorBase {
 public:
     virtual ~SCC_ComparatorBase() = default;
     virtual int Compare(const void* a, const void* b) const = 0;
 };
 
-// The untyped part of an array: what stands in front of the elements in their shared block.
+/// The untyped part of an array: what stands in front of the elements in their shared block.
 struct SCC_ArrayBuffer {
     int refs;
     int capacity;
@@ -30,13 +30,13 @@ struct SCC_ArrayBuffer {
     const SCC_ComparatorBase* comparator;
 };
 
-// An array with value semantics that is the size of a pointer. Copies share their elements; every
-// access that could write gives this array elements of its own first. Elements are made by the
-// default constructor and copied by assignment into made ones; growth moves them elsewhere, so
-// addresses of elements hold only until the next change. T may be incomplete where an array is
-// only declared. A misuse is an assertion and then harmless.
-//
-// Sizes beyond what an int or the address space can hold are std::length_error.
+/// An array with value semantics that is the size of a pointer. Copies share their elements; every
+/// access that could write gives this array elements of its own first. Elements are made by the
+/// default constructor and copied by assignment into made ones; growth moves them elsewhere, so
+/// addresses of elements hold only until the next change. T may be incomplete where an array is
+/// only declared. A misuse is an assertion and then harmless.
+///
+/// Sizes beyond what an int or the address space can hold are std::length_error.
 template <class T> class SCC_Array {
 public:
     SCC_Array() noexcept = default;
@@ -62,7 +62,7 @@ public:
     int GetCount() const noexcept { return m_Buffer ? m_Buffer->used : 0; }
     int GetSize() const noexcept { return GetCount(); }
 
-    // The index one past the last element: where an append inserts.
+    /// The index one past the last element: where an append inserts.
     int GetUpperBound() const noexcept { return GetCount(); }
     bool InBounds(int index) const noexcept { return index >= 0 && index < GetCount(); }
     bool IsEmpty() const noexcept { return GetCount() == 0; }
@@ -75,17 +75,17 @@ public:
         return m_Buffer && m_Buffer == other.m_Buffer;
     }
 
-    // Lets go of the elements; the last array that shares them destroys them.
+    /// Lets go of the elements; the last array that shares them destroys them.
     void Clear() noexcept { drop(std::exchange(m_Buffer, nullptr)); }
 
-    // Makes or destroys elements at the end until there are `count`.
+    /// Makes or destroys elements at the end until there are `count`.
     void SetSize(int count);
 
-    // Makes room for `count` elements without changing the array.
+    /// Makes room for `count` elements without changing the array.
     void Reserve(int count);
 
-    // Extends the array to index + 1 elements if the index lies beyond the end. A negative index
-    // is an assertion and changes nothing.
+    /// Extends the array to index + 1 elements if the index lies beyond the end. A negative index
+    /// is an assertion and changes nothing.
     void CheckArray(int index) {
         if (index >= GetCount())
             SetSize(index + (index < std::numeric_limits<int>::max() ? 1 : 0));
@@ -93,22 +93,22 @@ public:
             SCL_ASSERT(index >= 0, "In SCC_Array::CheckArray(), Negative index");
     }
 
-    // Opens a gap of `count` new elements in front of the one at the index.
+    /// Opens a gap of `count` new elements in front of the one at the index.
     void Insert(int index, int count);
 
-    // Removes `count` elements from the index on.
+    /// Removes `count` elements from the index on.
     void Remove(int index, int count = 1);
 
-    // Adds a copy of the element, which may be one of this array's own, at the end.
+    /// Adds a copy of the element, which may be one of this array's own, at the end.
     void Append(const T& element);
 
-    // Gives this array elements of its own.
+    /// Gives this array elements of its own.
     void SeparateBuffers() {
         if (IsShared())
             rebuild(m_Buffer->used, m_Buffer->used, 0);
     }
 
-    // The writable element, of elements of this array's own; for a bad index a scratch element.
+    /// The writable element, of elements of this array's own; for a bad index a scratch element.
     T& operator[](int index) {
         if (!m_Buffer || m_Buffer->refs > 1 ||
             static_cast<unsigned>(index) >= static_cast<unsigned>(m_Buffer->used)) [[unlikely]]
@@ -122,7 +122,7 @@ public:
         return elements(m_Buffer)[index];
     }
 
-    // The first element; null while there is no buffer.
+    /// The first element; null while there is no buffer.
     const T* Data() const noexcept { return m_Buffer ? elements(m_Buffer) : nullptr; }
     T* WritableData() {
         SeparateBuffers();
@@ -131,12 +131,12 @@ public:
     const T* begin() const noexcept { return Data(); }
     const T* end() const noexcept { return m_Buffer ? elements(m_Buffer) + GetCount() : nullptr; }
 
-    // How many elements growth adds at least: half of what there is room for.
+    /// How many elements growth adds at least: half of what there is room for.
     int GetGrowByAmount() const noexcept {
         return m_Buffer ? std::max(4, m_Buffer->capacity / 2) : 4;
     }
 
-    // Sorts, equal elements staying in order: by `<`, or by a comparator that gets their addresses.
+    /// Sorts, equal elements staying in order: by `<`, or by a comparator that gets their addresses.
     void Sort() {
         if (GetCount() > 1)
             std::stable_sort(WritableData(), WritableData() + GetCount());
@@ -148,16 +148,16 @@ public:
                 [&](const T& a, const T& b) { return comparator.Compare(&a, &b) < 0; });
     }
 
-    // Sorts and remembers the comparator, which must outlive the elements, until Clear; null
-    // forgets it.
+    /// Sorts and remembers the comparator, which must outlive the elements, until Clear; null
+    /// forgets it.
     void SetSort(const SCC_ComparatorBase* comparator);
     const SCC_ComparatorBase* GetSort() const noexcept {
         return m_Buffer ? m_Buffer->comparator : nullptr;
     }
 
-    // Finds the elements equal to the item in a sorted array: they are those from `first` up to
-    // but without `last`. With none both are the place to insert it, and the result is false.
-    // Without any comparator that place is the end.
+    /// Finds the elements equal to the item in a sorted array: they are those from `first` up to
+    /// but without `last`. With none both are the place to insert it, and the result is false.
+    /// Without any comparator that place is the end.
     bool FindItemPosition(const void* item, int& first, int& last,
                           const SCC_ComparatorBase* comparator = nullptr) const;
 
@@ -206,8 +206,8 @@ template <class T> void SCC_Array<T>::release(Buffer* buffer) noexcept {
     SCL::cStaticAlloc::deallocate(buffer, blockSize(buffer->capacity));
 }
 
-// What a bad index gets after its assertion. Fresh each time and never destroyed at the end, when
-// others may still hold it.
+/// What a bad index gets after its assertion. Fresh each time and never destroyed at the end, when
+/// others may still hold it.
 template <class T> T& SCC_Array<T>::scratch() {
     static T* const element = new T();
     std::destroy_at(element);
@@ -225,8 +225,8 @@ template <class T> int SCC_Array<T>::grownCapacity(int count) const {
     return present == 0 ? count : std::max(count, grown);
 }
 
-// Gives this array a buffer of its own of that capacity, with `gapCount` new elements before the
-// one at `gap`. Elements that others share are copied, those of this array alone move.
+/// Gives this array a buffer of its own of that capacity, with `gapCount` new elements before the
+/// one at `gap`. Elements that others share are copied, those of this array alone move.
 template <class T> void SCC_Array<T>::rebuild(int capacity, int gap, int gapCount) {
     SCC_Array next;
     next.m_Buffer = makeBuffer(capacity);

@@ -8,8 +8,8 @@ namespace kel_ns {
 template <class T> class SCC_Event;
 template <class T> class SCC_EventIterator;
 
-// A listener: derive from it, override OnNotification, and put it into the list of an event. It
-// stands in at most one list and leaves it by itself at its end. Copies stand in none.
+/// A listener: derive from it, override OnNotification, and put it into the list of an event. It
+/// stands in at most one list and leaves it by itself at its end. Copies stand in none.
 template <class T> class SCC_EventNode {
 public:
     SCC_EventNode() noexcept = default;
@@ -17,10 +17,10 @@ public:
     SCC_EventNode& operator=(const SCC_EventNode&) noexcept { return *this; }
     virtual ~SCC_EventNode() { unlink(); }
 
-    // The event whose list this node stands in; null if in none.
+    /// The event whose list this node stands in; null if in none.
     virtual SCC_EventNode* GetRoot() const { return m_Root; }
 
-    // The listener behind this one; null at the end of the list.
+    /// The listener behind this one; null at the end of the list.
     virtual SCC_EventNode* GetNext() const {
         SCC_EventNode* node = m_Next;
         while (node && node->m_IsIterator)
@@ -28,7 +28,7 @@ public:
         return node == m_Root ? nullptr : node;
     }
 
-    // Leaves the list. Allowed at any time, also from within a notification of any listener.
+    /// Leaves the list. Allowed at any time, also from within a notification of any listener.
     virtual void Remove() {
         if (!m_Root || IsEvent())
             return;
@@ -36,7 +36,7 @@ public:
         OnRemoveNode();
     }
 
-    // Joins the list of `position` in front of it (of an event: at the end), leaving another.
+    /// Joins the list of `position` in front of it (of an event: at the end), leaving another.
     virtual void InsertBefore(SCC_EventNode& position) {
         if (&position == this || IsEvent() || !position.m_Root)
             return;
@@ -44,25 +44,25 @@ public:
         linkBefore(&position);
     }
 
-    // Listeners of higher priority come first when AddTail finds them a place.
+    /// Listeners of higher priority come first when AddTail finds them a place.
     virtual int GetPriority() const { return 0; }
     virtual bool IsEvent() const { return false; }
 
-    // A listener that is switched off is passed over. Returns the state before.
+    /// A listener that is switched off is passed over. Returns the state before.
     virtual bool Enable(bool enable) { return std::exchange(m_Enabled, enable); }
     bool IsEnabled() const noexcept { return m_Enabled; }
 
-    // Hears an event. The result is for callers that ask one listener directly.
+    /// Hears an event. The result is for callers that ask one listener directly.
     virtual int OnNotification(int code, T data) {
         static_cast<void>(code);
         static_cast<void>(data);
         return 0;
     }
 
-    // Told after the node has left a list other than by its own destructor.
+    /// Told after the node has left a list other than by its own destructor.
     virtual void OnRemoveNode() {}
 
-    // Told when the event is switched on or off.
+    /// Told when the event is switched on or off.
     virtual void OnEventEnable(bool enabled) { static_cast<void>(enabled); }
 
 private:
@@ -91,7 +91,7 @@ private:
     bool m_IsIterator = false;
 };
 
-// Something that listeners can be told about: the root of their list.
+/// Something that listeners can be told about: the root of their list.
 template <class T> class SCC_Event : public SCC_EventNode<T> {
     using Node = SCC_EventNode<T>;
 
@@ -109,10 +109,10 @@ public:
 
     bool IsEvent() const override { return true; }
 
-    // Switches the event on or off and tells the listeners if that is a change.
+    /// Switches the event on or off and tells the listeners if that is a change.
     bool Enable(bool enable) override;
 
-    // Put a listener first; or behind all that have no lower priority.
+    /// Put a listener first; or behind all that have no lower priority.
     void AddHead(Node& node) { node.InsertBefore(*this->m_Next); }
     void AddTail(Node& node) {
         if (&node == this)
@@ -131,13 +131,13 @@ public:
 
     bool HasListeners() const { return Node::GetNext() != nullptr; }
 
-    // Tells every listener, from the first to the last. Listeners may come, go and raise again
-    // meanwhile, and may end the event itself.
+    /// Tells every listener, from the first to the last. Listeners may come, go and raise again
+    /// meanwhile, and may end the event itself.
     void Raise(int code, T data);
 };
 
-// A walk over the listeners of an event. It stands in the list itself, behind the listener it gave
-// last, so that any listener may leave or join during the walk.
+/// A walk over the listeners of an event. It stands in the list itself, behind the listener it gave
+/// last, so that any listener may leave or join during the walk.
 template <class T> class SCC_EventIterator : private SCC_EventNode<T> {
     using Node = SCC_EventNode<T>;
 
@@ -147,7 +147,7 @@ public:
         this->linkBefore(static_cast<Node&>(event).m_Next);
     }
 
-    // The next listener; null at the end, or when the event has gone.
+    /// The next listener; null at the end, or when the event has gone.
     Node* Next() {
         Node* node = Node::GetNext();
         if (node) {
@@ -177,7 +177,7 @@ template <class T> void SCC_Event<T>::Raise(int code, T data) {
             node->OnNotification(code, data);
 }
 
-// Forwards to a function; does nothing while there is none.
+/// Forwards to a function; does nothing while there is none.
 template <class T> class SCC_EventHook : public SCC_EventNode<T> {
 public:
     using Function = std::function<void(int code, T data)>;
@@ -196,7 +196,7 @@ private:
     Function m_Function;
 };
 
-// Forwards to a member function of an object, which must outlive the hook or its place in a list.
+/// Forwards to a member function of an object, which must outlive the hook or its place in a list.
 template <class C, class T> class SCC_ObjectEventHook : public SCC_EventNode<T> {
 public:
     using Method = void (C::*)(int code, T data);
@@ -214,7 +214,7 @@ private:
     Method m_Method;
 };
 
-// What a container or object tells about itself.
+/// What a container or object tells about itself.
 enum SCC_NotifyCode {
     SCC_NotifyInstalled = 1,      // data: the node
     SCC_NotifyRemoved = 2,        // data: the node; null when the owner itself ends

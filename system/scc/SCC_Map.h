@@ -15,11 +15,11 @@
 
 namespace kel_ns {
 
-// A hash table that keeps the order in which its keys were installed. Nodes never move, so the
-// address of a value holds until its key is removed. An empty map has no table and owns nothing.
-// The map's notifier tells what happens to it by the codes of SCC_NotifyCode.
-//
-// For a plain walk use range-for over the nodes; if the map may change meanwhile, SCC_MapIterator.
+/// A hash table that keeps the order in which its keys were installed. Nodes never move, so the
+/// address of a value holds until its key is removed. An empty map has no table and owns nothing.
+/// The map's notifier tells what happens to it by the codes of SCC_NotifyCode.
+///
+/// For a plain walk use range-for over the nodes; if the map may change meanwhile, SCC_MapIterator.
 template <class K, class V, class Alloc = SCL::cStaticAlloc> class SCC_Map {
 public:
     class Node {
@@ -83,15 +83,15 @@ public:
     SCC_Map& operator=(SCC_Map&& other);
     ~SCC_Map();
 
-    // Sets the value of the key: replaces it in place if the key is there, keeping the key as it
-    // was first written, else adds it at the end. Null only after a failed assertion.
+    /// Sets the value of the key: replaces it in place if the key is there, keeping the key as it
+    /// was first written, else adds it at the end. Null only after a failed assertion.
     Node* Install(const K& key, const V& value) { return install(key, value); }
     Node* Install(const K& key, V&& value) { return install(key, std::move(value)); }
 
-    // The node of the key, made from the arguments if it is not there; an existing value stays.
+    /// The node of the key, made from the arguments if it is not there; an existing value stays.
     template <class... A> Node* Emplace(const K& key, A&&... arguments);
 
-    // Null if the key is not there.
+    /// Null if the key is not there.
     V* Lookup(const K& key) {
         Node* node = lookupChecked(key);
         return node ? &node->value : nullptr;
@@ -103,11 +103,11 @@ public:
     Node* LookupNode(const K& key) { return lookupChecked(key); }
     const Node* LookupNode(const K& key) const { return lookupChecked(key); }
 
-    // The same with the key's hash at hand (see Hash).
+    /// The same with the key's hash at hand (see Hash).
     Node* LookupNode(const K& key, SCC_HashValue hash) { return find(key, hash); }
     const Node* LookupNode(const K& key, SCC_HashValue hash) const { return find(key, hash); }
 
-    // True if the key was there.
+    /// True if the key was there.
     bool Remove(const K& key);
     void RemoveNode(Node* node);
     void RemoveAll();
@@ -117,11 +117,11 @@ public:
     int GetTableSize() const noexcept { return m_TableSize; }
     bool IsValid() const noexcept { return (m_Table == nullptr) == (m_TableSize == 0); }
 
-    // Grows with every change of the set of keys: while it stands still, looking a key up again
-    // gives the same node.
+    /// Grows with every change of the set of keys: while it stands still, looking a key up again
+    /// gives the same node.
     unsigned GetChanges() const noexcept { return m_Changes; }
 
-    // Null for none.
+    /// Null for none.
     Node* GetFirst() const noexcept { return m_First; }
     Node* GetLast() const noexcept { return m_Last; }
 
@@ -130,13 +130,13 @@ public:
     const_iterator begin() const noexcept { return const_iterator(m_First); }
     const_iterator end() const noexcept { return const_iterator(); }
 
-    // Another hash than SCC_Hash; only while the map is empty.
+    /// Another hash than SCC_Hash; only while the map is empty.
     void SetHashFunction(HashFunction function);
     SCC_HashValue Hash(const K& key) const {
         return m_Extras && m_Extras->hash ? m_Extras->hash(key) : SCC_Hash(key);
     }
 
-    // Made on first use, as most maps have no listeners.
+    /// Made on first use, as most maps have no listeners.
     SCC_Notifier& GetNotifier() { return extras().notifier; }
 
 private:

@@ -4,20 +4,20 @@
 
 namespace kel_ns {
 
-// A walk over a map that may change meanwhile. It listens to the map: when its node is removed it
-// stands between that node's neighbours, and Next goes on with the one behind. When the map is
-// cleared, assigned to or destroyed the walk is at its end.
-//
-//     for (SCC_MapIterator<SYS_StrNoCase, int> it(map); it.IsValid(); it.Next())
-//         if (it.GetValue() == 0)
-//             map.Remove(it.GetKey());
+/// A walk over a map that may change meanwhile. It listens to the map: when its node is removed it
+/// stands between that node's neighbours, and Next goes on with the one behind. When the map is
+/// cleared, assigned to or destroyed the walk is at its end.
+///
+///     for (SCC_MapIterator<SYS_StrNoCase, int> it(map); it.IsValid(); it.Next())
+///         if (it.GetValue() == 0)
+///             map.Remove(it.GetKey());
 template <class K, class V, class Alloc = SCL::cStaticAlloc>
 class SCC_MapIterator : public SCC_EventNode<void*> {
 public:
     using Map = SCC_Map<K, V, Alloc>;
     using Node = typename Map::Node;
 
-    // Starts at the first node.
+    /// Starts at the first node.
     explicit SCC_MapIterator(Map& map) : m_Map(&map) {
         map.GetNotifier().AddHead(*this); // hears of a removal before others act on it
         Reset();
@@ -25,7 +25,7 @@ public:
     SCC_MapIterator(const SCC_MapIterator&) = delete;
     SCC_MapIterator& operator=(const SCC_MapIterator&) = delete;
 
-    // The node that the iterator stands on; null if on none.
+    /// The node that the iterator stands on; null if on none.
     Node* GetHandle() const noexcept { return m_Between ? nullptr : m_Node; }
     void SetHandle(Node* node) noexcept {
         m_Node = node;
@@ -33,7 +33,7 @@ public:
     }
     void ClearHandle() noexcept { SetHandle(nullptr); }
 
-    // All movements return whether there is a node to stand on.
+    /// All movements return whether there is a node to stand on.
     bool GetFirst() noexcept { return moveTo(m_Map ? m_Map->GetFirst() : nullptr); }
     bool GetLast() noexcept { return moveTo(m_Map ? m_Map->GetLast() : nullptr); }
     bool Next() noexcept { return moveTo(m_Between || !m_Node ? m_Node : m_Node->GetNext()); }
@@ -47,7 +47,7 @@ public:
     bool IsValid() const noexcept { return GetHandle() != nullptr; }
     bool IsEnd() const noexcept { return m_Node == nullptr; }
 
-    // Without a node an assertion; then a scratch value.
+    /// Without a node an assertion; then a scratch value.
     V& GetValue() const {
         if (!SCL_ASSERT(IsValid(), "In SCC_MapIteratorFast::GetValue, Invalid iterator"))
             return scratch<V>();

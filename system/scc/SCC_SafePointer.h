@@ -13,37 +13,37 @@ namespace kel_ns {
 template <class T> class SCC_SafePointer;
 class SCC_SafeBuffer;
 
-// What an object and the pointers to it share. Made for the first pointer or listener; goes when
-// the object and all pointers are gone.
+/// What an object and the pointers to it share. Made for the first pointer or listener; goes when
+/// the object and all pointers are gone.
 struct SCC_SafeControl {
     SCC_SafeBuffer* target;
     int pointerCount;
     SCC_Notifier* notifier;
 };
 
-// Base of objects that safe pointers may point at. None of its state is copied with a value: a
-// copy is another object, at which nobody points yet.
+/// Base of objects that safe pointers may point at. None of its state is copied with a value: a
+/// copy is another object, at which nobody points yet.
 class SCC_SafeBuffer {
 public:
     SCC_SafeBuffer() noexcept = default;
     SCC_SafeBuffer(const SCC_SafeBuffer&) noexcept {}
     SCC_SafeBuffer& operator=(const SCC_SafeBuffer&) noexcept { return *this; }
 
-    // All safe pointers read null from here on; then listeners hear code 2.
+    /// All safe pointers read null from here on; then listeners hear code 2.
     virtual ~SCC_SafeBuffer() {
         while (m_Control)
             detach();
     }
 
-    // How many safe pointers point here.
+    /// How many safe pointers point here.
     int GetLockCount() const noexcept { return m_Control ? m_Control->pointerCount : 0; }
 
-    // Lets the last safe pointer that is cleared delete this object. Nothing happens at once, even
-    // if nothing points here now.
+    /// Lets the last safe pointer that is cleared delete this object. Nothing happens at once, even
+    /// if nothing points here now.
     void SetDeletePending(bool pending = true) noexcept { m_DeletePending = pending; }
     bool IsDeletePending() const noexcept { return m_DeletePending; }
 
-    // Where to hear of this object; made on first use.
+    /// Where to hear of this object; made on first use.
     SCC_Notifier& GetNotifier() {
         SCC_SafeControl* shared = control();
         if (!shared->notifier)
@@ -94,8 +94,8 @@ private:
     bool m_DeletePending = false; // last: a derived class may use the bytes behind it
 };
 
-// A weak pointer: reads null once its target has ended. T derives from SCC_SafeBuffer, not
-// virtually, and may be incomplete where a pointer is only declared.
+/// A weak pointer: reads null once its target has ended. T derives from SCC_SafeBuffer, not
+/// virtually, and may be incomplete where a pointer is only declared.
 template <class T> class SCC_SafePointer {
 public:
     SCC_SafePointer() noexcept = default;
@@ -132,13 +132,13 @@ public:
 
     void Swap(SCC_SafePointer& other) noexcept { std::swap(m_Control, other.m_Control); }
 
-    // Points nowhere from here on. The last pointer to an object that waits for its end deletes it.
+    /// Points nowhere from here on. The last pointer to an object that waits for its end deletes it.
     void Clear() noexcept {
         if (m_Control)
             SCC_SafeBuffer::release(std::exchange(m_Control, nullptr));
     }
 
-    // Whether a target was set, which may have ended since.
+    /// Whether a target was set, which may have ended since.
     bool IsSet() const noexcept { return m_Control != nullptr; }
     T* Get() const noexcept { return m_Control ? static_cast<T*>(m_Control->target) : nullptr; }
     operator T*() const noexcept { return Get(); }

@@ -6,19 +6,19 @@ namespace kel_ns {
 
 template <class T> class SCC_SetIterator;
 
-// A hash set that keeps the order in which its elements were added. Elements never move.
+/// A hash set that keeps the order in which its elements were added. Elements never move.
 template <class T> class SCC_Set {
     struct Nothing {};
     using Map = SCC_Map<T, Nothing>;
 
 public:
-    // False if it was there already.
+    /// False if it was there already.
     bool Add(const T& element) {
         int before = m_Map.GetCount();
         m_Map.Emplace(element);
         return m_Map.GetCount() > before;
     }
-    // False if it was not there.
+    /// False if it was not there.
     bool Remove(const T& element) { return m_Map.Remove(element); }
     void RemoveAll() { m_Map.RemoveAll(); }
 
@@ -56,7 +56,7 @@ private:
     Map m_Map;
 };
 
-// A walk over a set that may change meanwhile; see SCC_MapIterator.
+/// A walk over a set that may change meanwhile; see SCC_MapIterator.
 template <class T> class SCC_SetIterator {
 public:
     explicit SCC_SetIterator(SCC_Set<T>& set) : m_Iterator(set.m_Map) {}

@@ -4,7 +4,7 @@
 
 namespace kel_ns {
 
-// A shared owner of a tRefCounted object: the last one to go deletes it.
+/// A shared owner of a tRefCounted object: the last one to go deletes it.
 template <class T> using SCC_SharedPointer = SCL_Pointer<T>;
 
 } // namespace kel_ns

@@ -4,7 +4,7 @@
 
 namespace kel_ns {
 
-// A small tagged value for the borders of the system.
+/// A small tagged value for the borders of the system.
 class KEL_MCR_API SCC_Variant {
 public:
     enum Type { Empty = 0, Integer = 2, Real = 3, String = 4 };
@@ -26,8 +26,8 @@ public:
 
     Type GetType() const noexcept { return m_Type; }
 
-    // Convert between all types; text that is no number gives 0, and a real that no integer can
-    // hold gives the smallest one.
+    /// Convert between all types; text that is no number gives 0, and a real that no integer can
+    /// hold gives the smallest one.
     SYS_String ToString() const;
     double ToDouble() const;
     __int64 ToInteger() const;

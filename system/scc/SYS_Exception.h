@@ -6,7 +6,7 @@
 
 namespace kel_ns {
 
-// The foundation's exception: a text made from a printf format.
+/// The foundation's exception: a text made from a printf format.
 class KEL_MCR_API SYS_Exception : public std::exception {
 public:
     explicit SYS_Exception(const char* format, ...) KEL_PRINTF_LIKE(2, 3);

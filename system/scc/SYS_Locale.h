@@ -12,8 +12,8 @@
 
 namespace kel_ns {
 
-// Switches this thread to the C locale for the life of the object, so that C library calls read
-// and write numbers with a point whatever locale the host has set.
+/// Switches this thread to the C locale for the life of the object, so that C library calls read
+/// and write numbers with a point whatever locale the host has set.
 class KEL_MCR_API SYS_CLocale {
 public:
     SYS_CLocale();

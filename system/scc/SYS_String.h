@@ -15,17 +15,17 @@
 
 namespace kel_ns {
 
-// Integers that are numbers to a string, never characters.
+/// Integers that are numbers to a string, never characters.
 template <class I>
 concept SYS_NumberLike = std::integral<I> && !std::same_as<I, char>;
 
-// A string of bytes with value semantics. Copies share their text until one of them is written
-// to; the empty string owns nothing. The length is stored, so NUL bytes may stand inside; every
-// operation works on the whole length, except where a `const char*` comes in or goes out. There
-// is always a NUL behind the last byte. Case and white space are those of ASCII, comparisons are
-// by unsigned bytes, and no operation depends on the process locale.
-//
-// Text that would pass GetMaxBytes() is std::length_error and leaves the string as it was.
+/// A string of bytes with value semantics. Copies share their text until one of them is written
+/// to; the empty string owns nothing. The length is stored, so NUL bytes may stand inside; every
+/// operation works on the whole length, except where a `const char*` comes in or goes out. There
+/// is always a NUL behind the last byte. Case and white space are those of ASCII, comparisons are
+/// by unsigned bytes, and no operation depends on the process locale.
+///
+/// Text that would pass GetMaxBytes() is std::length_error and leaves the string as it was.
 class KEL_MCR_API SYS_String {
 public:
     SYS_String() noexcept = default;
@@ -62,28 +62,28 @@ public:
     explicit operator bool() const = delete; // would always be true; ask IsEmpty()
     std::string_view View() const noexcept { return {c_str(), size()}; }
 
-    // The byte at the index; NUL outside the string.
+    /// The byte at the index; NUL outside the string.
     template <std::integral I> char operator[](I index) const noexcept {
         return std::cmp_greater_equal(index, 0) && std::cmp_less(index, size())
                    ? m_Text[static_cast<std::size_t>(index)]
                    : '\0';
     }
 
-    // First index at or after `start`, else -1. Empty text is found at `start` if that lies within
-    // the length. A start below 0 counts as 0.
+    /// First index at or after `start`, else -1. Empty text is found at `start` if that lies within
+    /// the length. A start below 0 counts as 0.
     int Find(char character, int start = 0) const noexcept;
     int Find(const char* text, int start = 0) const noexcept;
     int Find(const SYS_String& text, int start = 0) const noexcept;
     int FindOneOf(const char* characters, int start = 0) const noexcept;
     int ReverseFind(char character) const noexcept;
 
-    // Parts of the string, clipped to what there is.
+    /// Parts of the string, clipped to what there is.
     SYS_String Left(unsigned count) const;
     SYS_String Right(unsigned count) const;
     SYS_String Mid(unsigned first) const;
     SYS_String Mid(unsigned first, unsigned count) const;
 
-    // Below, equal to or above 0.
+    /// Below, equal to or above 0.
     int Compare(const SYS_String& other) const noexcept { return compareBytes(other.View()); }
     int Compare(const char* other) const noexcept { return compareBytes(viewOf(other)); }
     int CompareNoCase(const SYS_String& other) const noexcept {
@@ -91,9 +91,9 @@ public:
     }
     int CompareNoCase(const char* other) const noexcept { return compareNoCase(viewOf(other)); }
 
-    // Parse the number at the front, behind white space. It is returned and written to `out`;
-    // `end` gets the place where parsing stopped, the front itself if there is no number. Integers
-    // saturate at the limits of their type; base 0 reads the base off the text (0x, leading 0).
+    /// Parse the number at the front, behind white space. It is returned and written to `out`;
+    /// `end` gets the place where parsing stopped, the front itself if there is no number. Integers
+    /// saturate at the limits of their type; base 0 reads the base off the text (0x, leading 0).
     double Value(double* out, const char** end = nullptr) const;
     int Value(int* out, const char** end = nullptr, int base = 10) const;
     unsigned Value(unsigned* out, const char** end = nullptr, int base = 10) const;
@@ -103,8 +103,8 @@ public:
 
     void Clear() noexcept { drop(std::exchange(m_Text, nullptr)); }
 
-    // Appending to a string that nobody shares is amortised constant time per byte. The text may
-    // lie within this string.
+    /// Appending to a string that nobody shares is amortised constant time per byte. The text may
+    /// lie within this string.
     SYS_String& Append(const char* text, std::size_t length);
     SYS_String& Append(std::string_view text) { return Append(text.data(), text.size()); }
     SYS_String& Append(char character) {
@@ -122,7 +122,7 @@ public:
     SYS_String& operator+=(char character) { return Append(character); }
     template <SYS_NumberLike I> SYS_String& operator+=(I) = delete; // use << for numbers
 
-    // Append text, or a number as decimal text (reals as "%g" writes them).
+    /// Append text, or a number as decimal text (reals as "%g" writes them).
     SYS_String& operator<<(const SYS_String& text) { return Append(text.View()); }
     SYS_String& operator<<(const char* text) { return Append(viewOf(text)); }
     SYS_String& operator<<(char character) { return Append(character); }
@@ -134,13 +134,13 @@ public:
     SYS_String& operator<<(unsigned long value) { return Add(value, 10); }
     SYS_String& operator<<(unsigned long long value) { return Add(value, 10); }
 
-    // Appends the value in a base from 2 to 36, lower-case, without prefix.
+    /// Appends the value in a base from 2 to 36, lower-case, without prefix.
     SYS_String& Add(unsigned long long value, int base);
 
-    // Replaces a range, clipped to the string, by the text; returns this string.
+    /// Replaces a range, clipped to the string, by the text; returns this string.
     SYS_String& Replace(int start, int count, const SYS_String& text);
 
-    // Both clip the index to the string and return the new length.
+    /// Both clip the index to the string and return the new length.
     int Insert(int index, const SYS_String& text);
     int Insert(int index, char character) { return Insert(index, SYS_String(character, 1)); }
     int Delete(int index, int count = 1);
@@ -151,28 +151,28 @@ public:
     SYS_String& TrimLeft();
     SYS_String& TrimRight();
 
-    // printf formatting in the C locale. Replaces the content, which may be among the arguments.
+    /// printf formatting in the C locale. Replaces the content, which may be among the arguments.
     SYS_String& Format(const char* format, ...) KEL_PRINTF_LIKE(2, 3);
     SYS_String& FormatV(const char* format, va_list arguments) KEL_PRINTF_LIKE(2, 0);
 
-    // Takes the text of a string resource; false if there is none.
+    /// Takes the text of a string resource; false if there is none.
     bool LoadString(int id);
 
-    // A buffer of this string alone with room for `size` bytes and a NUL, the content in front.
-    // Valid until the next other operation. ReleaseBuffer states how much of it is text (-1: up to
-    // the first NUL).
+    /// A buffer of this string alone with room for `size` bytes and a NUL, the content in front.
+    /// Valid until the next other operation. ReleaseBuffer states how much of it is text (-1: up to
+    /// the first NUL).
     char* GetBuffer(unsigned size);
     void ReleaseBuffer(int length = -1);
 
-    // Makes room for appending up to this length without further allocation.
+    /// Makes room for appending up to this length without further allocation.
     void Reserve(std::size_t length);
 
-    // The most bytes that any string of the process may hold; 0x3FFFFFFF from the start, which is
-    // also the upper limit.
+    /// The most bytes that any string of the process may hold; 0x3FFFFFFF from the start, which is
+    /// also the upper limit.
     static void SetMaxBytes(std::size_t bytes);
     static std::size_t GetMaxBytes() noexcept { return s_MaxBytes; }
 
-    // True if both read the same memory.
+    /// True if both read the same memory.
     bool SharesTextWith(const SYS_String& other) const noexcept { return m_Text == other.m_Text; }
 
     friend bool operator==(const SYS_String& a, const SYS_String& b) noexcept {
@@ -238,7 +238,7 @@ static_assert(sizeof(SYS_String) == sizeof(void*));
 using CStringA = SYS_String;
 using CStringT = SYS_String;
 
-// Joining. The forms that get a temporary on the left append to it.
+/// Joining. The forms that get a temporary on the left append to it.
 inline SYS_String operator+(const SYS_String& a, const SYS_String& b) {
     SYS_String result(a);
     result.Append(b.View());
@@ -269,12 +269,12 @@ inline SYS_String operator+(char a, const SYS_String& b) {
     result.Append(b.View());
     return result;
 }
-// Would move along the text instead of joining.
+/// Would move along the text instead of joining.
 template <SYS_NumberLike I> SYS_String operator+(const SYS_String&, I) = delete;
 template <SYS_NumberLike I> SYS_String operator+(I, const SYS_String&) = delete;
 
-// A string used as a name: the same text, but equal, ordered and hashed without regard to the
-// case of ASCII letters.
+/// A string used as a name: the same text, but equal, ordered and hashed without regard to the
+/// case of ASCII letters.
 class KEL_MCR_API SYS_StrNoCase : public SYS_String {
 public:
     using SYS_String::SYS_String;
@@ -309,7 +309,7 @@ private:
 
 static_assert(sizeof(SYS_StrNoCase) == sizeof(SYS_String));
 
-// ASCII case folding and white space, whatever the locale.
+/// ASCII case folding and white space, whatever the locale.
 constexpr char SYS_ToLower(char c) noexcept {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
@@ -318,7 +318,7 @@ constexpr char SYS_ToUpper(char c) noexcept {
 }
 constexpr bool SYS_IsSpace(char c) noexcept { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-// Lower-cases eight ASCII bytes at once; bytes from 0x80 on stay.
+/// Lower-cases eight ASCII bytes at once; bytes from 0x80 on stay.
 constexpr std::uint64_t SYS_FoldCase(std::uint64_t bytes) noexcept {
     constexpr std::uint64_t EachByte = 0x0101010101010101u;
     std::uint64_t low7 = bytes & (0x7F * EachByte);

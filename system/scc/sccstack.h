@@ -8,8 +8,8 @@
 
 namespace kel_ns {
 
-// A stack on an array that only grows: elements above the top stay made, and empty, for the next
-// push. Looking for an element that is not there is a fatal assertion ("Wrong stack index").
+/// A stack on an array that only grows: elements above the top stay made, and empty, for the next
+/// push. Looking for an element that is not there is a fatal assertion ("Wrong stack index").
 template <class T> class SCC_Stack : private SCC_Array<T> {
     using Array = SCC_Array<T>;
 
@@ -27,7 +27,7 @@ public:
     int GetCount() const noexcept { return m_Top; }
     bool IsEmpty() const noexcept { return m_Top == 0; }
 
-    // Asserts at the fatal level that the top lies within the array.
+    /// Asserts at the fatal level that the top lies within the array.
     bool IsValid() const {
         SCL_ASSERT_FATAL(Array::IsValid() && m_Top >= 0 && m_Top <= Array::GetUpperBound(),
                          "Wrong stack index");
@@ -49,7 +49,7 @@ public:
         ++m_Top;
     }
 
-    // Takes the top element off and frees what it held.
+    /// Takes the top element off and frees what it held.
     void Pop() {
         T& element = Peek(0);
         --m_Top;
@@ -61,7 +61,7 @@ public:
         }
     }
 
-    // The top element, and the one `depth` places below it. A push may move them.
+    /// The top element, and the one `depth` places below it. A push may move them.
     T& Top() { return Peek(0); }
     const T& Top() const { return Peek(0); }
     T& Peek(int depth) { return (*this)[indexOf(depth)]; }

@@ -185,16 +185,20 @@ def check_problems():
     pattern = package["contributes"]["problemMatchers"][0]["pattern"]
     with tempfile.TemporaryDirectory() as folder:
         texts = {"syntax": ("x = 1\nx = = 2\n", 2), "open": ("\nFor i = 1 To 2\n", 2),
-                 "run": ("Sub f\n x = 1 \\ 0\nEnd Sub\nf\n", 2), "good": ("x = 1\n", None)}
+                 "run": ("Sub f\n x = 1 \\ 0\nEnd Sub\nf\n", 2), "good": ("x = 1\n", None),
+                 "early": ("x = 1\nf \"a\nx = = 2\n", 2)}
         for name, (text, line) in texts.items():
             path = Path(folder, name + ".mcr")
             path.write_text(text)
-            for command in ["run"] if name == "run" else ["run", "check"]:
+            for command in {"run": ["run"], "early": ["check"]}.get(name, ["run", "check"]):
                 said = mcr(command, str(path)).stderr.decode().splitlines()
                 matches = [m for row in said if (m := re.search(pattern["regexp"], row))]
                 found = [(m[pattern["file"]], int(m[pattern["line"]])) for m in matches]
                 if found != ([(str(path), line)] if line else []):
                     yield f"{command} of {name}: {found} in {said}"
+                severities = [m[pattern["severity"]] for m in matches]
+                if severities != (["warning" if name == "early" else None] if line else []):
+                    yield f"{command} of {name}: {severities} in {said}"
         said = mcr("check", str(Path(folder, "none.mcr"))).stderr.decode()
         if re.search(pattern["regexp"], said):
             yield f"a place is found in {said}"

@@ -85,6 +85,7 @@ private:
     }
 
     void describeProblem(const TextLines& lines, MacroProblem& problem) const;
+    static void describeOpenString(const TextLines& lines, MacroProblem& problem);
 
     EntryGuard m_Entry;
     UI_MacroImpl& m_Engine;
@@ -178,6 +179,12 @@ private:
     bool m_InProcedure = false; // procedures do not nest
 };
 
+void place(const TextLines& lines, std::size_t offset, MacroProblem& problem) {
+    problem.textLine = lines.FromOffset(offset);
+    problem.column = static_cast<int>(offset - lines.GetStart(problem.textLine));
+    problem.sourceLine = SYS_String(lines.GetLine(problem.textLine));
+}
+
 } // namespace
 
 void UI_MacroImpl::Check::Report(const SYS_String& text, MacroReport& report) const {
@@ -185,8 +192,12 @@ void UI_MacroImpl::Check::Report(const SYS_String& text, MacroReport& report) co
     report.parses = m_Parses;
     if (!m_Parses)
         describeProblem(lines, report.problem);
-    if (ParserTree::ScriptUnit* unit = m_Engine.m_Tree->GetCurrentUnit())
+    if (ParserTree::ScriptUnit* unit = m_Engine.m_Tree->GetCurrentUnit()) {
+        report.endsEarly = m_Parses && unit->m_RestDropped;
+        if (report.endsEarly)
+            describeOpenString(lines, report.problem);
         Declarations(*unit, lines, report).Collect();
+    }
 }
 
 // An open block is found at the end of the text, but the error is where it begins.
@@ -199,9 +210,15 @@ void UI_MacroImpl::Check::describeProblem(const TextLines& lines, MacroProblem& 
         offset = static_cast<std::size_t>(m_Engine.m_FailingOffset);
     else
         offset = lines.FindToken(lines.FromCounted(problem.line), tokFor);
-    problem.textLine = lines.FromOffset(offset);
-    problem.column = static_cast<int>(offset - lines.GetStart(problem.textLine));
-    problem.sourceLine = SYS_String(lines.GetLine(problem.textLine));
+    place(lines, offset, problem);
+}
+
+void UI_MacroImpl::Check::describeOpenString(const TextLines& lines, MacroProblem& problem) {
+    problem.code = 0;
+    problem.text = "A string has no closing quote; nothing behind it is read";
+    std::size_t offset = 0;
+    problem.line = lines.FindOpenString(offset);
+    place(lines, offset, problem);
 }
 
 // --- The operations ---------------------------------------------------------------------------

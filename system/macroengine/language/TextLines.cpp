@@ -80,3 +80,15 @@ std::size_t TextLines::FindToken(int line, int token) const {
     }
     return GetStart(line) + first;
 }
+
+int TextLines::FindOpenString(std::size_t& offset) const {
+    const char* cursor = m_Text.data();
+    MacroScanner scanner;
+    scanner.SetText(&cursor);
+    for (int found; (found = scanner.ScanToken()) != tokUnterminated && found != tokEnd;) {
+        scanner.SetLastToken(found);
+        scanner.ClearCommentText();
+    }
+    offset = static_cast<std::size_t>(scanner.GetState().tokenStart - m_Text.data());
+    return scanner.GetTokenLine();
+}

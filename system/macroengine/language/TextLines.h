@@ -25,6 +25,9 @@ public:
     std::string_view GetLine(int line) const;
     /// The offset of the first token of a kind on a line, or of the first token there.
     std::size_t FindToken(int line, int token) const;
+    /// The first string without its closing quote, which must be there: its offset, and the number
+    /// that the scanner gives its line.
+    int FindOpenString(std::size_t& offset) const;
 
 private:
     std::string_view m_Text;

@@ -57,6 +57,25 @@ TEST_F(EditorCommands, CheckGoesOnBehindFilesItCannotRead) {
                               ":1: Syntax error: x = = 2\n4 files, 1 error, 2 not readable\n");
 }
 
+// The engine says nothing of it, so somebody must.
+TEST_F(EditorCommands, CheckAndOutlineWarnOfAStringThatEndsTheMacro) {
+    const std::string text = "rem\nx = \"a\"\nf \"b\n y = = 2\nSub f\nEnd Sub\n";
+    const std::string early = folder.Write("a.mcr", text);
+    const std::string warning =
+        ":4: warning: A string has no closing quote; nothing behind it is read: f \"b\n";
+    const ProgramResult result = mcr({"check", early, early});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, early + warning + early + warning + "2 files, 0 errors\n");
+    const ProgramResult outline = mcr({"outline", "--json", early});
+    EXPECT_EQ(outline.status, 0);
+    EXPECT_EQ(outline.err, early + warning);
+    const auto page = nlohmann::json::parse(outline.out);
+    EXPECT_EQ(page["endsEarly"], true);
+    EXPECT_EQ(page["problem"]["line"], 3);
+    EXPECT_EQ(page["problem"]["column"], 3);
+    EXPECT_EQ(page["procedures"].size(), 0u);
+}
+
 TEST_F(EditorCommands, CheckKeepsMessagesShortAndPlain) {
     const std::string endless = folder.Write("a.mcr", "x = = \"" + std::string(5000000, 'a'));
     const ProgramResult result = mcr({"check", endless});
@@ -68,6 +87,8 @@ TEST_F(EditorCommands, CheckKeepsMessagesShortAndPlain) {
         << mcr({"check", accents}).err;
     const std::string escape = folder.Write("c.mcr", "x = = \x1B[2J\a");
     EXPECT_EQ(mcr({"check", escape}).err, escape + ":1: Syntax error: x = =  [2J \n");
+    const std::string wide = folder.Write("e.mcr", "x = = \xC2\x9Bm \xC3\x9B");
+    EXPECT_EQ(mcr({"check", wide}).err, wide + ":1: Syntax error: x = =  m \xC3\x9B\n");
     const std::string binary = folder.Write("d.mcr", std::string("\x7F"
                                                                  "ELF\0\0",
                                                                  6));
@@ -154,6 +175,16 @@ TEST_F(EditorCommands, HighlightKeepsTheTextAndTamesTheRest) {
     EXPECT_EQ(mcr({"highlight", "-"}, "").out, "");
 }
 
+TEST_F(EditorCommands, HighlightLeavesOutColorsThatNobodyWants) {
+    setenv("NO_COLOR", "1", 1);
+    const std::string plain = mcr({"highlight", "-"}, "If x ' \xC2\x9Bm\n").out;
+    setenv("NO_COLOR", "", 1);
+    const std::string colored = mcr({"highlight", "-"}, "If x\n").out;
+    unsetenv("NO_COLOR");
+    EXPECT_EQ(plain, "If x ' \xEF\xBF\xBDm\n");
+    EXPECT_EQ(colored, "\x1B[94mIf\x1B[0m x\n");
+}
+
 TEST_F(EditorCommands, TextsEndAtANul) {
     const std::string binary = folder.Write("a.mcr", std::string("x = 1\0Q\n", 8));
     for (const char* command : {"highlight", "tokens"}) {
@@ -197,13 +228,15 @@ TEST_F(EditorCommands, OutlineListsDeclarationsByTheirLines) {
                           "7: Private Const limit\n"
                           "8: Sub Show()\n");
     EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(mcr({"outline", "-"}, "' a\x1B[2J\xC2\x9Bs\nSub f\nEnd Sub\n").out,
+              "2: Sub f()  ' a [2J s\n");
 }
 
 TEST_F(EditorCommands, OutlineTellsProgramsAllThereIs) {
     using Json = nlohmann::json;
     const ProgramResult result = mcr({"outline", "--json", "-"}, kOutlined);
     EXPECT_EQ(Json::parse(result.out), Json::parse(R"({
-        "file": "-", "parses": true, "problem": null,
+        "file": "-", "parses": true, "endsEarly": false, "problem": null,
         "procedures": [
             {"name": "Area", "kind": "Function", "access": "Public", "line": 5, "endLine": 6,
              "arguments": [{"name": "w", "passing": "ByVal", "isArray": false},
@@ -220,7 +253,7 @@ TEST_F(EditorCommands, OutlineTellsProgramsAllThereIs) {
     EXPECT_EQ(broken.status, 1);
     EXPECT_EQ(broken.err, "-:4: Syntax error: x = = 1\n");
     EXPECT_EQ(Json::parse(broken.out), Json::parse(R"({
-        "file": "-", "parses": false,
+        "file": "-", "parses": false, "endsEarly": false,
         "problem": {"code": 24, "text": "Syntax error: ", "line": 3, "column": 6,
                     "countedLine": 4, "sourceLine": " x = = 1"},
         "procedures": [{"name": "f", "kind": "Sub", "access": "", "line": 2, "endLine": null,
