@@ -234,19 +234,3 @@ TEST_F(NestedMacroTest, TheHostMayCallProceduresOfTheRunningMacro) {
               Lines{"110"});
     EXPECT_EQ(results, (Lines{"10", "Object doesn't support this property or method: 'foo'"}));
 }
-
-TEST_F(NestedMacroTest, CallsThatGoThroughTheHostHaveALimit) {
-    MacroLimits limits = MacroSupport::GetLimits();
-    limits.nestedRuns = 6;
-    MacroSupport::SetLimits(limits);
-    int calls = 0;
-    log.On("Call", [&] {
-        ASSERT_LT(++calls, 100);
-        processor().Call("again", nullptr, 0);
-    });
-    const Lines output = runText("Sub again\n  Log.Call\nEnd Sub\nagain");
-    ASSERT_EQ(output.size(), 1u);
-    EXPECT_TRUE(output[0].starts_with("Error: Illegal nesting")) << output[0];
-    EXPECT_GE(calls, 4);
-    EXPECT_EQ(macro.GetFramesCount(), 1);
-}

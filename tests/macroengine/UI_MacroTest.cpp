@@ -59,20 +59,6 @@ private:
     std::string m_Old;
 };
 
-class WorkingFolder {
-public:
-    explicit WorkingFolder(const std::filesystem::path& folder)
-        : m_Old(std::filesystem::current_path()) {
-        std::filesystem::current_path(folder);
-    }
-    WorkingFolder(const WorkingFolder&) = delete;
-    WorkingFolder& operator=(const WorkingFolder&) = delete;
-    ~WorkingFolder() { std::filesystem::current_path(m_Old); }
-
-private:
-    std::filesystem::path m_Old;
-};
-
 } // namespace
 
 // --- Life, and the engine that is current -----------------------------------------------------
@@ -332,25 +318,6 @@ TEST_F(UI_MacroTest, FunctionNamesAndDescriptionsComeFromTheText) {
 }
 
 // --- Objects, stopping, errors ------------------------------------------------------------------
-
-TEST_F(UI_MacroTest, ObjectsMayComeAndGoDuringARun) {
-    Recorder tool("Tool");
-    log.On("Turn", [&](Args args) {
-        if (textOf(args[0]) == "2")
-            macro.Register(tool, "Tool");
-        if (textOf(args[0]) == "4")
-            macro.Remove(tool);
-    });
-    log.On("See", [&](Args args) {
-        const UI_MacroVariant* body = args[0].getBody();
-        log.lines.push_back(body && body->IsMacroEval() ? "object" : "value");
-    });
-    EXPECT_EQ(runText("For i = 1 To 4\n"
-                      "  Log.Turn i\n"
-                      "  Log.See Tool\n"
-                      "Next"),
-              (Lines{"value", "object", "object", "value"}));
-}
 
 TEST_F(UI_MacroTest, AReturnValueDoesNotEndTheRun) {
     log.On("Quit", [](Args args) { UI_Macro::RequestExit(static_cast<int>(args[0])); });

@@ -146,16 +146,6 @@ TEST_F(HostCallbacksTest, ObjectsComeAndGoDuringACall) {
     EXPECT_EQ(run("Log.Act Gadget.Act(\"A\").Value & A.Value\nOther.Act"), "mademade ");
 }
 
-TEST_F(HostCallbacksTest, StopEndsTheRunWithoutAnError) {
-    gadget->onAct = [this](int, UI_MacroVariant*) {
-        macro.Stop();
-        return UI_MacroVariant(1);
-    };
-    EXPECT_EQ(run("Sub s\nWith Log\n.Act 1, Gadget.Act(), 2\n.Act 3\nEnd With\nEnd Sub\n"
-                  "Log.Act 0\ns\nLog.Act 4"),
-              "0 ");
-}
-
 TEST_F(HostCallbacksTest, AForeignExceptionPassesUnchanged) {
     gadget->onAct = [](int, UI_MacroVariant*) -> UI_MacroVariant {
         throw std::runtime_error("the host's own");
@@ -174,35 +164,6 @@ TEST_F(HostCallbacksTest, AForeignExceptionPassesUnchanged) {
         EXPECT_EQ(what, "the host's own") << source;
         EXPECT_EQ(run("Log.Act 7"), "7 ");
     }
-    gadget->onAct = [](int, UI_MacroVariant*) -> UI_MacroVariant { throw std::bad_alloc(); };
-    EXPECT_EQ(run("Gadget.Act"), "Error: Unknown error: out of memory");
-}
-
-TEST_F(HostCallbacksTest, AMacroRunsInsideAMacro) {
-    gadget->onAct = [](int, UI_MacroVariant* args) {
-        Gadget answer("Answer");
-        UI_MacroVariant kept;
-        answer.onSet = [&](int, UI_MacroVariant* given) {
-            kept = given[0];
-            return UI_MacroVariant();
-        };
-        UI_Macro nested(true);
-        nested.Register(answer, nullptr);
-        nested.ExecuteMacroString(static_cast<SYS_String>(args[0]));
-        return kept;
-    };
-    EXPECT_EQ(run("Function f(n)\nf = n * Gadget.Act(\"x = 5 : Answer.Value = x + 1\")\n"
-                  "End Function\nx = 2\nLog.Act f(x), x"),
-              "12 2 ");
-    EXPECT_EQ(run("x = 1\nGadget.Act \"y = x.z\""), "Object required: '[undefined]'");
-    EXPECT_EQ(run("Log.Act Gadget.Act(\"Function f(n)\" & vbLf & \"f = n\" & vbLf & "
-                  "\"End Function : Answer.Value = f(4)\")"),
-              "4 ");
-}
-
-TEST_F(HostCallbacksTest, TheRunningMacroItselfCannotBeStartedAgain) {
-    gadget->onAct = [this](int, UI_MacroVariant*) { return macro.ExecuteMacroString("Log.Act 9"); };
-    EXPECT_EQ(run("Log.Act 1\nGadget.Act\nLog.Act 2"), "1 Error: Illegal nesting: ");
 }
 
 TEST_F(HostCallbacksTest, HostAndMacroCallEachOther) {

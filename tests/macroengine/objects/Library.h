@@ -2,9 +2,10 @@
 
 // A small host for the tests of this folder: shelves that hold books.
 
+#include "system/AssertRecorder.h"
+
 #include <ClassDescriptors.h>
 #include <MacroException.h>
-#include <SCL_Assert.h>
 #include <UI_MacroProcessor.h>
 
 #include <functional>
@@ -25,29 +26,6 @@ inline std::string ErrorOf(const std::function<void()>& action) {
 inline std::string TextOf(const UI_MacroVariant& value) {
     return static_cast<SYS_String>(value).c_str();
 }
-
-/// Collects the messages of failed assertions while it lives.
-class AssertionLog {
-public:
-    AssertionLog() : m_Old(SetAssertHandler(&AssertionLog::note)) { messages().clear(); }
-    AssertionLog(const AssertionLog&) = delete;
-    AssertionLog& operator=(const AssertionLog&) = delete;
-    ~AssertionLog() { SetAssertHandler(m_Old); }
-
-    std::size_t GetCount() const { return messages().size(); }
-
-private:
-    static std::vector<std::string>& messages() {
-        static std::vector<std::string> list;
-        return list;
-    }
-    static bool note(const char* message, const char*, int) {
-        messages().push_back(message);
-        return true;
-    }
-
-    SCL_AssertHandler m_Old;
-};
 
 /// Title is its default property; `Loan` is a method with one required and two optional values.
 class Book : public MacroEval {

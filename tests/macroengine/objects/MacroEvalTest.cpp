@@ -140,9 +140,9 @@ TEST_F(MacroEvalTest, ANamelessObjectInThePathIsAnAssertion) {
     MacroEval child("Child");
     root.Register(nameless, "Entry");
     nameless.Register(child, nullptr);
-    AssertionLog log;
+    AssertRecorder asserts;
     EXPECT_STREQ(child.GetEvalParentName(), "Root");
-    EXPECT_EQ(log.GetCount(), 1u);
+    EXPECT_EQ(asserts.Take().size(), 1u);
 }
 
 TEST_F(MacroEvalTest, EvaluatesChildrenBeforeTheCommonMembers) {

@@ -1,60 +1,36 @@
 // The object `WScript` as macros use it.
 
+#include "macroengine/EngineFixture.h"
 #include "macroengine/objects/Library.h"
 
 #include "objects/UI_MacroErr.h"
-#include "objects/UI_MacroWScript.h"
 
 #include <Platform.h>
-#include <UI_Macro.h>
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
-namespace fs = std::filesystem;
-
-class WScriptTest : public ::testing::Test {
+class WScriptTest : public EngineTest {
 protected:
-    void SetUp() override {
-        folder = fs::temp_directory_path() /
-                 ("wscript." + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-        fs::create_directories(folder / "lib");
-        fs::create_directories(folder / "more");
-    }
-    void TearDown() override {
-        unsetenv("TSN_MACRO_PATH");
-        fs::remove_all(folder);
-    }
+    WScriptTest() { macro.Register(result, "Result"); }
+    ~WScriptTest() override { unsetenv("TSN_MACRO_PATH"); }
 
-    std::string write(const std::string& name, const std::string& text) {
-        std::ofstream(folder / name) << text;
-        return (folder / name).string();
-    }
+    std::string pathOf(const char* name) const { return (folder.GetPath() / name).string(); }
     /// What the macro leaves in Result.Title, or the text of its error.
     std::string run(const std::string& text) {
-        UI_Macro macro(true);
-        const std::string file = write("main.mcr", text);
-        macro.Register(result, "Result");
+        const std::string file = folder.Write("main.mcr", text);
         const std::string error =
-            ErrorOf([&] { macro.ExecuteMacro(file.c_str(), "", nullptr, 0); });
-        lastCode = MacroSupport::GetProcessor()->GetLastErrorCode();
+            errorOf([&] { macro.ExecuteMacro(file.c_str(), "", nullptr, 0); });
         return error == "no error" ? TextOf(result.Evaluate("Title", nullptr, 0)) : error;
     }
 
-    MacroParser processor{true};
     Book result{""};
-    fs::path folder;
-    int lastCode = 0;
+    const TestFolder folder;
 };
 
 TEST_F(WScriptTest, TellsAboutTheProcessAndTheScript) {
     EXPECT_EQ(run("Result.Title = WScript.Name & \"|\" & wscript.ScriptFullPath & \"|\" & "
                   "WScript.ScriptFolder"),
-              "Macro Engine|" + (folder / "main.mcr").string() + "|" + folder.string());
+              "Macro Engine|" + pathOf("main.mcr") + "|" + folder.GetPath().string());
     EXPECT_EQ(run("Set w = WScript.Application.Echo(\"x\") : Result.Title = w.MacroName"),
               "WScript");
     EXPECT_EQ(run("Result.Title = WScript.Evaluate(2 * 3)"), "6");
@@ -74,16 +50,16 @@ TEST_F(WScriptTest, ArgumentsAreThePartsOfTheCommandLine) {
          {"WScript.Arguments(9999)", "WScript.Arguments(-1)", "WScript.Arguments(0, 1)",
           "WScript.Arguments.count(1)", "WScript.Arguments.Length"}) {
         EXPECT_EQ(run(std::string("Result.Title = ") + use), wrong) << use;
-        EXPECT_EQ(lastCode, 34) << use;
+        EXPECT_EQ(processor().GetLastErrorCode(), 34) << use;
     }
 }
 
 TEST_F(WScriptTest, RunsScriptsBesideTheMacroAndAlongThePath) {
-    write("sub.mcr", "Result.Title = Result.Title & \"beside \"");
-    write("lib/sub.mcr", "Result.Title = Result.Title & \"wrong \"");
-    write("lib/far.mcr", "Result.Title = Result.Title & \"lib \"");
-    write("more/farther.mcr", "Result.Title = Result.Title & x");
-    const std::string path = (folder / "lib").string() + ";" + (folder / "more").string();
+    folder.Write("sub.mcr", "Result.Title = Result.Title & \"beside \"");
+    folder.Write("lib/sub.mcr", "Result.Title = Result.Title & \"wrong \"");
+    folder.Write("lib/far.mcr", "Result.Title = Result.Title & \"lib \"");
+    folder.Write("more/farther.mcr", "Result.Title = Result.Title & x");
+    const std::string path = pathOf("lib") + ";" + pathOf("more");
     setenv("TSN_MACRO_PATH", path.c_str(), 1);
     EXPECT_EQ(run("Result.Title = \"\" : x = \"more\"\n"
                   "WScript.Execute \"sub.mcr\"\n"
@@ -97,7 +73,7 @@ TEST_F(WScriptTest, RunsScriptsBesideTheMacroAndAlongThePath) {
 }
 
 TEST_F(WScriptTest, AScriptRunsOnlyForTheStatementThatAskedForIt) {
-    write("sub.mcr", "Result.Title = Result.Title & \"ran \"");
+    folder.Write("sub.mcr", "Result.Title = Result.Title & \"ran \"");
     EXPECT_EQ(run("Result.Title = \"\"\n"
                   "WScript.Execute \"sub.mcr\"\n"
                   "WScript.Echo \"again\"\n"
@@ -109,21 +85,21 @@ TEST_F(WScriptTest, AScriptRunsOnlyForTheStatementThatAskedForIt) {
 }
 
 TEST_F(WScriptTest, BelongsToItsOwnProcessor) {
-    UI_MacroVariant* outer = processor.Get("WScript");
+    UI_MacroVariant* outer = processor().Get("WScript");
     ASSERT_NE(outer, nullptr);
     {
         MacroParser inner(true);
         EXPECT_NE(inner.Get("WScript"), outer);
         EXPECT_NE(inner.Get("WScript"), nullptr);
     }
-    EXPECT_EQ(processor.Get("WScript"), outer);
+    EXPECT_EQ(processor().Get("WScript"), outer);
     EXPECT_TRUE(outer->IsPropertyGet(nullptr));
     EXPECT_TRUE(outer->IsPropertyGet("evaluate"));
     EXPECT_FALSE(outer->IsPropertyGet("Execute"));
 }
 
 TEST_F(WScriptTest, TheErrorObjectCannotBeNamed) {
-    UI_MacroErr error(processor);
+    UI_MacroErr error(processor());
     EXPECT_EQ(error.GetEvalParent(), nullptr);
     EXPECT_EQ(error.Evaluate("Number", nullptr, 0).getRefVal(),
               static_cast<UI_MacroVariant*>(&error));

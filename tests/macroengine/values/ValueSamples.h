@@ -54,8 +54,11 @@ inline std::string Show(const UI_MacroVariant& value) {
     case vvtReference:
         return value.getRefVal() ? "Reference" : "Null";
     case vvtObject:
+        return value.GetDispatchVal() ? "Object" : "Nothing";
     case vvtFunction:
+        return "Function " + Text(value.GetFunctionName());
     case vvtArray:
+        return "Array of " + std::to_string(value.Arrval().GetCount());
     case vvtMissing:
     case vvtHandle:
     case vvtScript:

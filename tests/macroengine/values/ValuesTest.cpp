@@ -1,62 +1,32 @@
 // References, assignment and the life of values; conversions and operators have their own tests.
 
 #include "../EngineFixture.h"
+#include "ValueSamples.h"
 
 #include <memory>
 #include <utility>
 
 namespace {
 
-class ValuesTest : public testing::Test {
+class ValuesTest : public ValueTest {
 protected:
-    /// Kind and content of a value, without following references.
-    static std::string show(const UI_MacroVariant& value) {
-        switch (value.GetType()) {
-        case vvtEmpty:
-            return "Empty";
-        case vvtReference:
-            return value.getRefVal() ? "Reference" : "Null";
-        case vvtObject:
-            return value.GetDispatchVal() ? "Object" : "Nothing";
-        case vvtArray:
-            return "Array of " + std::to_string(value.Arrval().GetCount());
-        case vvtFunction:
-            return "Function " + std::string(value.GetFunctionName().View());
-        default:
-            return std::to_string(value.GetType()) + " " +
-                   std::string(static_cast<SYS_String>(value).View());
-        }
-    }
     static std::string showRead(const UI_MacroVariant& value) {
         const UI_MacroVariant* const read = value.GetRVal();
-        return read ? show(*read) : "null";
+        return read ? Show(*read) : "null";
     }
     template <class Action> static std::string errorOf(Action action) {
         try {
             action();
         } catch (const MacroException& error) {
-            return std::string(error.GetText().View());
+            return Text(error.GetText());
         }
         return "no error";
-    }
-    static UI_MacroVariant listOf(std::initializer_list<UI_MacroVariant> values) {
-        UI_MacroArray array;
-        for (const UI_MacroVariant& value : values)
-            array.Append(value);
-        return UI_MacroVariant(array);
     }
     static void makeArray(UI_MacroVariant& value, int upper, bool dynamic) {
         SCC_Array<_ArraySubscript> bounds;
         bounds.Append({0, upper});
         MacroVariantArraySupport::CreateArray(&value, bounds, dynamic);
     }
-    /// What an indexed expression gives: a Reference to a reference to the element.
-    static UI_MacroVariant elementOf(UI_MacroVariant& element) {
-        UI_MacroVariant* const reference = new UI_MacroVariantItemRef(&element);
-        return UI_MacroVariant(reference);
-    }
-
-    MacroParser processor{true};
 };
 
 const char* const kNoAssignment = "Object doesn't support this property or method";
@@ -77,7 +47,7 @@ TEST_F(ValuesTest, AccessorsChangeOnlyTheirOwnPart) {
     EXPECT_EQ(value.GetFunctionHandler(), nullptr); // a stale number is no handler
     EXPECT_EQ(value.GetFunctionName(), "f");
     value.Clear();
-    EXPECT_EQ(show(value), "Empty");
+    EXPECT_EQ(Show(value), "Empty");
     EXPECT_EQ(value.GetFunctionName(), "");
 
     AssertRecorder asserts;
@@ -100,7 +70,7 @@ TEST_F(ValuesTest, TheThreeConstantsNeverChange) {
         *constant = UI_MacroVariant(5);
         constant->Assign(6);
         constant->SetObjectRef(UI_MacroVariant::Nothing());
-        EXPECT_EQ(show(*constant), shown);
+        EXPECT_EQ(Show(*constant), shown);
     }
     EXPECT_TRUE(UI_MacroVariant::Empty().IsEmpty());
     EXPECT_FALSE(UI_MacroVariant::Null().IsEmpty());
@@ -157,20 +127,20 @@ TEST_F(ValuesTest, AParameterReachesTheFirstVariableThroughAnyChain) {
         }
         chain.front().reset(); // nobody leans on it any more
         chain.back()->Assign("new");
-        EXPECT_EQ(show(variable), "4 new");
+        EXPECT_EQ(Show(variable), "String new");
         EXPECT_EQ(chain.back()->GetType(), vvtReference);
         chain.back()->SetObjectRef(UI_MacroVariant::Nothing());
-        EXPECT_EQ(show(variable), "Nothing");
+        EXPECT_EQ(Show(variable), "Nothing");
         chain.back()->Assign(7);
     }
-    EXPECT_EQ(show(variable), "5 7");
+    EXPECT_EQ(Show(variable), "Integer 7");
 
     // A value of the host that is no parameter is reached too.
     UI_MacroVariant ofHost(1);
     UI_MacroVariantParam parameter(false);
     parameter = UI_MacroVariant(&ofHost);
     parameter.Assign(2);
-    EXPECT_EQ(show(ofHost), "5 2");
+    EXPECT_EQ(Show(ofHost), "Integer 2");
     EXPECT_EQ(parameter.getRefVal(), &ofHost);
 }
 
@@ -180,19 +150,19 @@ TEST_F(ValuesTest, AReferenceToWhatHasEndedIsNull) {
     UI_MacroVariantParam alias(UI_MacroVariant(target.get()), false);
     const UI_MacroVariant copy(reference);
     target.reset();
-    EXPECT_EQ(show(reference), "Null");
-    EXPECT_EQ(show(copy), "Null");
+    EXPECT_EQ(Show(reference), "Null");
+    EXPECT_EQ(Show(copy), "Null");
     EXPECT_EQ(showRead(alias), "null");
 
     UI_MacroVariant stored(1);
     stored.Assign(reference);
-    EXPECT_EQ(show(stored), "Null");
+    EXPECT_EQ(Show(stored), "Null");
     stored.Assign(2); // replaces Null
-    EXPECT_EQ(show(stored), "5 2");
+    EXPECT_EQ(Show(stored), "Integer 2");
     reference.Assign(3);
-    EXPECT_EQ(show(reference), "5 3");
+    EXPECT_EQ(Show(reference), "Integer 3");
     alias.Assign(4);
-    EXPECT_EQ(show(alias), "5 4");
+    EXPECT_EQ(Show(alias), "Integer 4");
     UI_MacroVariant null(static_cast<UI_MacroVariant*>(nullptr));
     EXPECT_EQ(errorOf([&] { null.SetObjectRef(UI_MacroVariant::Nothing()); }),
               "Object cannot be referenced");
@@ -209,17 +179,17 @@ TEST_F(ValuesTest, ConstantsIgnoreWritesUntilTheyAreReleased) {
     reference.Assign(1);
     EXPECT_EQ(errorOf([&] { reference.SetObjectRef(UI_MacroVariant::Nothing()); }),
               "Object cannot be referenced");
-    EXPECT_EQ(show(constant), "5 5");
+    EXPECT_EQ(Show(constant), "Integer 5");
 
     UI_MacroVariantParam copy(constant);
     EXPECT_FALSE(copy.isConstant());
     copy = constant;
     EXPECT_FALSE(copy.isConstant());
     copy.Assign(6);
-    EXPECT_EQ(show(copy), "5 6");
+    EXPECT_EQ(Show(copy), "Integer 6");
     constant.SetConstant(false);
     constant.Assign(7);
-    EXPECT_EQ(show(constant), "5 7");
+    EXPECT_EQ(Show(constant), "Integer 7");
 
     UI_MacroVariant plain(1);
     plain.SetConstant(true); // only variables can be constant
@@ -237,20 +207,20 @@ TEST_F(ValuesTest, AssignmentToItselfLosesNothing) {
     y.Assign(y);
     UI_MacroVariant& same = x;
     x = same;
-    EXPECT_EQ(show(x), "4 kept");
+    EXPECT_EQ(Show(x), "String kept");
     EXPECT_EQ(y.getRefVal(), &x);
     for (UI_MacroVariantParam* target : {&x, &y}) {
         EXPECT_TRUE(errorOf([&] {
                         target->SetObjectRef(x);
                     }).starts_with("Error: Cannot set a variable to itself"));
-        EXPECT_EQ(show(x), "4 kept");
+        EXPECT_EQ(Show(x), "String kept");
     }
 
     // An array that is assigned one of its own elements.
-    UI_MacroVariantParam list(listOf({1, listOf({2, 3})}), false);
+    UI_MacroVariantParam list(ListOf({1, ListOf({2, 3})}), false);
     list.Assign(list.Arrval()[1]);
-    EXPECT_EQ(show(list), "Array of 2");
-    EXPECT_EQ(show(std::as_const(list).Arrval()[0]), "5 2");
+    EXPECT_EQ(Show(list), "Array of 2");
+    EXPECT_EQ(Show(std::as_const(list).Arrval()[0]), "Integer 2");
 }
 
 TEST_F(ValuesTest, PlainCopiesKeepAReferenceAndAssignmentReadsIt) {
@@ -261,13 +231,13 @@ TEST_F(ValuesTest, PlainCopiesKeepAReferenceAndAssignmentReadsIt) {
     EXPECT_EQ(copy.getRefVal(), &target);
     UI_MacroVariant assigned;
     assigned.Assign(reference);
-    EXPECT_EQ(show(assigned), "4 t");
+    EXPECT_EQ(Show(assigned), "String t");
 
-    UI_MacroVariant list = listOf({1, listOf({2})});
+    UI_MacroVariant list = ListOf({1, ListOf({2})});
     UI_MacroVariant deep;
     deep.Assign(list);
     list.Arrval()[1].Arrval()[0] = UI_MacroVariant(9);
-    EXPECT_EQ(show(deep.Arrval()[1].Arrval()[0]), "5 2");
+    EXPECT_EQ(Show(deep.Arrval()[1].Arrval()[0]), "Integer 2");
     EXPECT_EQ(deep.GetArrayType(), ArrayValue);
 }
 
@@ -278,69 +248,69 @@ TEST_F(ValuesTest, DeclaredArraysRefuseWhatDoesNotFit) {
     makeArray(fixed, 2, false);
     fixed.Arrval()[1] = UI_MacroVariant(1);
     EXPECT_EQ(error([&] { fixed.Assign(5); }), refused);
-    EXPECT_EQ(error([&] { fixed.Assign(listOf({1})); }), refused);
+    EXPECT_EQ(error([&] { fixed.Assign(ListOf({1})); }), refused);
     EXPECT_EQ(error([&] { fixed.SetObjectRef(UI_MacroVariant::Nothing()); }), refused);
     EXPECT_EQ(fixed.GetArrayType(), ArrayFixed);
-    EXPECT_EQ(show(fixed.Arrval()[1]), "5 1");
+    EXPECT_EQ(Show(fixed.Arrval()[1]), "Integer 1");
 
     UI_MacroVariantParam dynamic(false);
     makeArray(dynamic, 2, true);
     EXPECT_EQ(error([&] { dynamic.Assign(5); }), refused);
-    UI_MacroVariant source = listOf({7, 8, 9, 10});
+    UI_MacroVariant source = ListOf({7, 8, 9, 10});
     dynamic.Assign(source);
     EXPECT_EQ(dynamic.GetArrayType(), ArrayDynamic);
-    EXPECT_EQ(show(dynamic), "Array of 4");
+    EXPECT_EQ(Show(dynamic), "Array of 4");
     source.Arrval()[0] = UI_MacroVariant(0);
-    EXPECT_EQ(show(dynamic.Arrval()[0]), "5 7");
+    EXPECT_EQ(Show(dynamic.Arrval()[0]), "Integer 7");
 
     // An array that a variable merely holds gives way, also one that was re-dimensioned there.
     UI_MacroVariantParam variable(source, false);
     variable.Assign(5);
-    EXPECT_EQ(show(variable), "5 5");
+    EXPECT_EQ(Show(variable), "Integer 5");
     SCC_Array<_ArraySubscript> bounds;
     bounds.Append({0, 3});
     MacroVariantArraySupport::ReCreateArray(&variable, bounds, false);
-    EXPECT_EQ(show(variable), "Array of 4");
+    EXPECT_EQ(Show(variable), "Array of 4");
     variable.Assign("text");
-    EXPECT_EQ(show(variable), "4 text");
+    EXPECT_EQ(Show(variable), "String text");
 }
 
 TEST_F(ValuesTest, AnElementIsReadAndWrittenThroughItsReference) {
-    UI_MacroVariant list = listOf({1, 2, 3});
+    UI_MacroVariant list = ListOf({1, 2, 3});
     UI_MacroVariant& element = list.Arrval()[1];
-    UI_MacroVariant reference = elementOf(element);
+    UI_MacroVariant reference = ElementOf(element);
     UI_MacroVariant second(reference);
     EXPECT_EQ(reference.getRefVal()->GetLockCount(), 2);
     reference.Assign(20);
-    EXPECT_EQ(show(element), "5 20");
+    EXPECT_EQ(Show(element), "Integer 20");
     element = UI_MacroVariant(21);
-    EXPECT_EQ(showRead(second), "5 21");
+    EXPECT_EQ(showRead(second), "Integer 21");
     second.Clear();
     EXPECT_EQ(reference.getRefVal()->GetLockCount(), 1);
 
     UI_MacroVariantParam parameter(false);
     parameter = reference;
     parameter.Assign("by reference");
-    EXPECT_EQ(show(element), "4 by reference");
+    EXPECT_EQ(Show(element), "String by reference");
     UI_MacroVariantParam passedOn(false);
     passedOn = UI_MacroVariant(&parameter);
     passedOn.Assign(22);
-    EXPECT_EQ(show(element), "5 22");
-    EXPECT_EQ(show(list.Arrval()[0]) + show(list.Arrval()[2]), "5 15 3");
+    EXPECT_EQ(Show(element), "Integer 22");
+    EXPECT_EQ(Show(list.Arrval()[0]) + Show(list.Arrval()[2]), "Integer 1Integer 3");
 
     // The element goes: the reference keeps what it read last, and writes harm nobody.
     list.Clear();
-    EXPECT_EQ(showRead(reference), "5 22");
+    EXPECT_EQ(showRead(reference), "Integer 22");
     reference.Assign(23);
     parameter.Assign(24);
-    EXPECT_EQ(show(list), "Empty");
+    EXPECT_EQ(Show(list), "Empty");
 }
 
 TEST_F(ValuesTest, SetBindsObjectsAndNeverWritesIntoThem) {
     Recorder first("First");
     Recorder second("Second");
-    UI_MacroVariant list = listOf({0, 0});
-    UI_MacroVariant element = elementOf(list.Arrval()[1]);
+    UI_MacroVariant list = ListOf({0, 0});
+    UI_MacroVariant element = ElementOf(list.Arrval()[1]);
     UI_MacroVariantParam variable(false);
     UI_MacroVariantParam alias(false);
     alias = UI_MacroVariant(&variable);
@@ -364,10 +334,10 @@ TEST_F(ValuesTest, SetBindsObjectsAndNeverWritesIntoThem) {
         row.target.SetObjectRef(second);
         EXPECT_EQ(row.where.getRefVal(), &second) << row.name;
         row.target.SetObjectRef(UI_MacroVariant::Nothing());
-        EXPECT_EQ(show(row.where), "Nothing") << row.name;
+        EXPECT_EQ(Show(row.where), "Nothing") << row.name;
         row.target.SetObjectRef(second);
         row.target.Assign(5);
-        EXPECT_EQ(show(row.where), "5 5") << row.name;
+        EXPECT_EQ(Show(row.where), "Integer 5") << row.name;
     }
     EXPECT_TRUE(first.IsEmpty());
     EXPECT_TRUE(second.IsEmpty());
@@ -376,16 +346,16 @@ TEST_F(ValuesTest, SetBindsObjectsAndNeverWritesIntoThem) {
         Recorder mortal("Mortal");
         variable.SetObjectRef(mortal);
     }
-    EXPECT_EQ(show(variable), "Null");
+    EXPECT_EQ(Show(variable), "Null");
     variable.Assign(1);
-    EXPECT_EQ(show(variable), "5 1");
+    EXPECT_EQ(Show(variable), "Integer 1");
 }
 
 TEST_F(ValuesTest, AnObjectValueTakesNoAssignment) {
     UI_MacroVariant nothing(UI_MacroVariant::Nothing());
     EXPECT_EQ(errorOf([&] { nothing.Assign(5); }), kNoAssignment);
     EXPECT_EQ(errorOf([&] { nothing.SetObjectRef(UI_MacroVariant::Nothing()); }), kNoAssignment);
-    EXPECT_EQ(show(nothing), "Nothing");
+    EXPECT_EQ(Show(nothing), "Nothing");
 }
 
 TEST_F(ValuesTest, ObjectsAreFoundBehindReferencesOnly) {
@@ -414,25 +384,25 @@ TEST_F(ValuesTest, MovingTakesEverythingAndLeavesEmpty) {
     };
     const UI_MacroVariant samples[] = {
         UI_MacroVariant(5),         UI_MacroVariant(2.5),     UI_MacroVariant("text"),
-        UI_MacroVariant(true),      UI_MacroVariant(&target), listOf({1, "two", listOf({3})}),
+        UI_MacroVariant(true),      UI_MacroVariant(&target), ListOf({1, "two", ListOf({3})}),
         UI_MacroVariant::Nothing(), makeFunction(),           UI_MacroVariant()};
     for (const UI_MacroVariant& sample : samples) {
         UI_MacroVariant from(sample);
         const UI_MacroVariant watcher(&from);
         UI_MacroVariant moved(std::move(from));
-        EXPECT_EQ(show(moved), show(sample));
+        EXPECT_EQ(Show(moved), Show(sample));
         EXPECT_EQ(moved.getRefVal(), sample.getRefVal());
-        EXPECT_EQ(show(from), "Empty");
+        EXPECT_EQ(Show(from), "Empty");
         EXPECT_EQ(watcher.getRefVal(), &from); // stays with the place, not with the content
 
         UI_MacroVariant taker("old content");
         taker.Take(moved);
-        EXPECT_EQ(show(taker), show(sample));
-        EXPECT_EQ(show(moved), "Empty");
+        EXPECT_EQ(Show(taker), Show(sample));
+        EXPECT_EQ(Show(moved), "Empty");
         EXPECT_EQ(moved.GetArrNumDims(), 0);
         moved = UI_MacroVariant("used again");
-        EXPECT_EQ(show(moved), "4 used again");
-        EXPECT_EQ(show(taker), show(sample));
+        EXPECT_EQ(Show(moved), "String used again");
+        EXPECT_EQ(Show(taker), Show(sample));
     }
 }
 
@@ -449,8 +419,8 @@ TEST_F(ValuesTest, VeryDeepArraysEndWithoutRecursion) {
     nest(value);
     UI_MacroVariant copy(value);
     value.Clear();
-    EXPECT_EQ(show(copy), "Array of 1");
+    EXPECT_EQ(Show(copy), "Array of 1");
     copy = UI_MacroVariant(1);
-    EXPECT_EQ(show(copy), "5 1");
+    EXPECT_EQ(Show(copy), "Integer 1");
     nest(value);
 }
