@@ -84,6 +84,7 @@ int ShowMessageBox(const kel_ns::SYS_String& text, int flags, const kel_ns::SYS_
     if (!shown.empty())
         shown += ": ";
     shown += std::string(text.View()) + "\n";
+    Console::StartLine();
     std::fwrite(shown.data(), 1, shown.size(), stdout);
     const std::string prompt = promptFor(buttons, byDefault);
     std::string answer;

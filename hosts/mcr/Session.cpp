@@ -37,6 +37,10 @@ Session::Session() {
 
 Session::~Session() { MacroSupport::SetHostHooks(MacroHostHooks()); }
 
+bool Session::Waiting::KeepsWaiting() {
+    return Watch::GetReason() == Watch::Running && PlatformLayer::KeepsWaiting();
+}
+
 MacroParser& Session::GetParser() {
     return static_cast<MacroParser&>(*MacroSupport::GetProcessor());
 }
@@ -87,7 +91,10 @@ int Session::Guard(MacroSource& source, const std::function<int()>& work) {
     } catch (const MacroException& error) {
         const SYS_String& path = error.GetFilePath();
         std::string text(error.GetText().View());
-        if (!error.GetDetail().IsEmpty())
+        // Whoever was woken while waiting for a file has failed, but that is not what happened.
+        if (Watch::GetReason() != Watch::Running)
+            text = Watch::Describe(Watch::GetReason());
+        else if (!error.GetDetail().IsEmpty())
             text += "\n  " + std::string(error.GetDetail().View());
         return reportError(path.IsEmpty() ? source.GetFileName() : path, error.GetPosition(), text);
     } catch (const SYS_Exception& error) {

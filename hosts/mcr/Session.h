@@ -1,5 +1,6 @@
 #pragma once
 
+#include <PlatformLayer.h>
 #include <Trace.h>
 #include <UI_Macro.h>
 
@@ -37,9 +38,17 @@ private:
         ~Library() { MacroEngineDllTerminate(); }
     };
 
+    /// Wakes a macro that waits for a file, when its run is to end.
+    struct Waiting : PlatformLayer {
+        Waiting() { SetPlatform(this); }
+        ~Waiting() override { SetPlatform(&Below()); }
+        bool KeepsWaiting() override;
+    };
+
     void onStatement(long line);
     int reportError(const SYS_String& file, int line, const std::string& text) const;
 
+    Waiting m_Waiting;
     Trace m_Trace;
     Library m_Library;
     UI_Macro m_Macro{true};

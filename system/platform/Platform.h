@@ -144,6 +144,9 @@ public:
     virtual SYS_String CurrentDirectory() = 0;
     virtual PlatformStatus SetCurrentDirectory(const char* path) = 0;
     virtual void Sleep(unsigned milliseconds) = 0;
+    /// Asked when a signal has woken an operation that waits, such as for what a pipe is to bring.
+    /// False ends it as Failed; true, the answer unless it is overridden, lets it go on waiting.
+    virtual bool KeepsWaiting();
     virtual void DebugOutput(const char* text) = 0;
     /// False for a value that this system does not know.
     virtual bool GetLocaleValue(int id, SYS_String& value) = 0;

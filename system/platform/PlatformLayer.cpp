@@ -90,6 +90,8 @@ PlatformStatus PlatformLayer::SetCurrentDirectory(const char* path) {
 
 void PlatformLayer::Sleep(unsigned milliseconds) { m_Below.Sleep(milliseconds); }
 
+bool PlatformLayer::KeepsWaiting() { return m_Below.KeepsWaiting(); }
+
 void PlatformLayer::DebugOutput(const char* text) { m_Below.DebugOutput(text); }
 
 bool PlatformLayer::GetLocaleValue(int id, SYS_String& value) {

@@ -55,6 +55,7 @@ public:
     SYS_String CurrentDirectory() override;
     PlatformStatus SetCurrentDirectory(const char* path) override;
     void Sleep(unsigned milliseconds) override;
+    bool KeepsWaiting() override;
     void DebugOutput(const char* text) override;
     bool GetLocaleValue(int id, SYS_String& value) override;
 

@@ -107,6 +107,9 @@ private:
     bool m_Joined = false;
 };
 
+// After a system call that failed: whether only a signal is to blame, and nobody minds.
+bool triesAgain() { return errno == EINTR && GetPlatform().KeepsWaiting(); }
+
 class PosixFile final : public PlatformFile {
 public:
     explicit PosixFile(int descriptor) : m_Descriptor(descriptor) {}
@@ -137,7 +140,7 @@ public:
         char* to = static_cast<char*>(buffer);
         while (read < size) {
             const ssize_t got = ::read(m_Descriptor, to + read, size - read);
-            if (got < 0 && errno == EINTR)
+            if (got < 0 && triesAgain())
                 continue;
             if (got < 0)
                 return PosixStatus(errno);
@@ -152,7 +155,7 @@ public:
         const char* from = static_cast<const char*>(bytes);
         while (size > 0) {
             const ssize_t written = ::write(m_Descriptor, from, size);
-            if (written < 0 && errno == EINTR)
+            if (written < 0 && triesAgain())
                 continue;
             if (written < 0)
                 return PosixStatus(errno);
@@ -234,7 +237,7 @@ PlatformStatus PosixPlatform::OpenFile(const char* path, const PlatformFileOptio
     int descriptor;
     do {
         descriptor = ::open(native.c_str(), flagsFor(options), 0666);
-    } while (descriptor < 0 && errno == EINTR);
+    } while (descriptor < 0 && triesAgain());
     if (descriptor < 0)
         return PosixStatus(errno);
     std::unique_ptr<PosixFile> opened;

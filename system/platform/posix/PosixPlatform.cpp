@@ -15,6 +15,8 @@ namespace kel_ns {
 PlatformFile::~PlatformFile() = default;
 Platform::~Platform() = default;
 
+bool Platform::KeepsWaiting() { return true; }
+
 bool Platform::Exists(const char* path) {
     PlatformFileInfo info;
     return GetInfo(path, info) == PlatformStatus::Ok;

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -146,6 +147,31 @@ TEST_F(Mcr, EndsARunWhenItsTimeIsOver) {
     EXPECT_EQ(result.out, "started\n");
     EXPECT_TRUE(result.err.starts_with(path + ":")) << result.err;
     EXPECT_NE(firstLine(result.err).find(": Time limit reached"), std::string::npos) << result.err;
+}
+
+// A pipe without anyone at its other end, which may be met when it is opened, read or written.
+TEST_F(Mcr, EndsARunThatWaitsForAFile) {
+    const std::string pipe = (m_Folder / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const auto at = [&](const std::string& clause) {
+        return "Open \"" + pipe + "\" For " + clause;
+    };
+    const std::string fill = "\nDo\n Print #1, String(5000, \"x\")\nLoop\n";
+    const std::string macros[] = {
+        at("Input As #1\n"), at("Output As #1\n"), at("Binary As #1\nInput #1, x\n"),
+        at("Binary As #1\nDo Until EOF(1)\nLoop\n"), at("Binary As #1") + fill};
+    for (const std::string& text : macros) {
+        const std::string path = write("waits.mcr", text);
+        const ProgramResult late = mcr({"run", "--timeout", "0.2", path});
+        EXPECT_FALSE(late.timedOut) << text;
+        EXPECT_EQ(late.status, 1);
+        EXPECT_NE(firstLine(late.err).find(": Time limit reached"), std::string::npos) << late.err;
+    }
+    ProgramInput input;
+    input.interruptAfter = milliseconds(500);
+    const ProgramResult stopped = mcr({"run", write("waits.mcr", macros[2])}, input);
+    EXPECT_FALSE(stopped.timedOut);
+    EXPECT_TRUE(firstLine(stopped.err).ends_with("waits.mcr:2: Interrupted")) << stopped.err;
 }
 
 TEST_F(Mcr, EndsARunOnInterrupt) {

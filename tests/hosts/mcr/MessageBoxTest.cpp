@@ -61,6 +61,9 @@ TEST(MessageBox, AsksOnTheTerminal) {
             << shown;
         EXPECT_TRUE(shown.ends_with(std::string(row.answer) + "\r\n")) << shown;
     }
+    const std::string shown =
+        onTerminal("Console.Write(\"open\") & MsgBox(\"line\", 0, \"\")", "\n");
+    EXPECT_NE(shown.find("open\r\nline\r\n[OK]? "), std::string::npos) << shown;
 }
 
 } // namespace
