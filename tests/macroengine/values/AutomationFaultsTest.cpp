@@ -231,7 +231,7 @@ TEST_F(AutomationFaults, AnObjectMayHandBackItself) {
 TEST_F(AutomationFaults, AnObjectMayEndInTheMiddleOfItsCall) {
     for (const char* text :
          {"x = obj.M(obj)", "obj.M = 1", "obj.M", "Set obj.M = obj", "y = obj.M & obj.M(1)"}) {
-        puppet->onInvoke = [this](const Puppet::Call&) {
+        puppet->onInvoke = [](const Puppet::Call&) {
             if (UI_MacroVariant* variable = processor().LookupVar(SYS_StrNoCase("obj")))
                 variable->Clear();
             return S_OK;
@@ -245,7 +245,7 @@ TEST_F(AutomationFaults, AnObjectMayEndInTheMiddleOfItsCall) {
     }
     // Its last reference goes while it runs.
     auto* brief = new Puppet;
-    brief->onInvoke = [this](const Puppet::Call& call) {
+    brief->onInvoke = [](const Puppet::Call& call) {
         processor().LookupVar(SYS_StrNoCase("b"))->Clear();
         *call.result = COleVariant(LONG{4}).Detach();
         return S_OK;
@@ -274,7 +274,7 @@ TEST_F(AutomationFaults, AnObjectMayRunMacros) {
     };
     EXPECT_EQ(run("obj.M obj, \"text\""), Lines{"Error: Illegal nesting: "});
     // Its names may be read, and what was passed may change meanwhile.
-    puppet->onInvoke = [this](const Puppet::Call& call) {
+    puppet->onInvoke = [](const Puppet::Call& call) {
         UI_MacroVariant one(1);
         *call.result =
             static_cast<COleVariant>(processor().Evaluate("list", &one, 1) + one).Detach();
