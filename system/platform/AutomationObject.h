@@ -62,12 +62,13 @@ public:
     const char* what() const noexcept override { return m_Text.c_str(); }
     const kel_ns::SYS_String& GetText() const noexcept { return m_Text; }
     HRESULT GetCode() const noexcept { return m_Code; }
+    /// Beyond all arguments if none is at fault.
     UINT GetArgument() const noexcept { return m_Argument; }
 
 private:
     kel_ns::SYS_String m_Text;
     HRESULT m_Code;
-    UINT m_Argument = 0;
+    UINT m_Argument = 0xFFFFFFFF;
 };
 
 /// The arguments of one call, counted from 0 as they were written; in a put the new value is the

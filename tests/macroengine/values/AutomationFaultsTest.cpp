@@ -21,11 +21,11 @@ public:
         return onName;
     }
     HRESULT Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
-                   EXCEPINFO* exception, UINT*) override {
+                   EXCEPINFO* exception, UINT* wrongArgument) override {
         ++calls;
         if (id == DISPID_NEWENUM)
             return onEnumerator ? onEnumerator(result) : DISP_E_MEMBERNOTFOUND;
-        return onInvoke ? onInvoke({flags, *arguments, result, exception}) : S_OK;
+        return onInvoke ? onInvoke({flags, *arguments, result, exception, wrongArgument}) : S_OK;
     }
 
     struct Call {
@@ -33,6 +33,7 @@ public:
         DISPPARAMS& arguments;
         VARIANT* result;
         EXCEPINFO* exception;
+        UINT* wrongArgument;
     };
 
     HRESULT onName = S_OK;
@@ -170,13 +171,41 @@ TEST_F(AutomationFaults, AFailureMayLeaveAResultAndTexts) {
             EXPECT_EQ(error.GetDetail(), "Puppet: late");
         }
     }
+    run("");
+}
+
+TEST_F(AutomationFaults, TheDetailTellsWhatTheTextHasNoPlaceFor) {
+    const auto failureOf = [this](const char* text) {
+        try {
+            execute(textSource(std::string("Set obj = CreateObject(\"Test.Puppet\")\n") + text));
+        } catch (const MacroException& error) {
+            return std::string(error.GetText().View()) + "|" + error.GetDetail().c_str();
+        }
+        return std::string("no error");
+    };
     puppet->onName = DISP_E_UNKNOWNNAME;
-    try {
-        execute(textSource("Set obj = CreateObject(\"Test.Puppet\")\nx = obj.Colour"));
-        ADD_FAILURE() << "no error";
-    } catch (const MacroException& error) {
-        EXPECT_EQ(error.GetText(), "Error: Member not found: ");
-        EXPECT_EQ(error.GetDetail(), "The object has no member 'Colour'");
+    EXPECT_EQ(failureOf("x = obj.Colour"),
+              "Error: Member not found: |The object has no member 'Colour'");
+    puppet->onName = S_OK;
+    const struct {
+        HRESULT code;
+        UINT place;
+        const char* text;
+        const char* failure;
+    } table[] = {
+        {DISP_E_TYPEMISMATCH, 1, "obj.M 1, 2, 3", "Type mismatch|Argument 2 is of a wrong type"},
+        {DISP_E_PARAMNOTOPTIONAL, 2, "x = obj.M(, 2, 3)", "Invoke failed|Argument 1 is missing"},
+        {DISP_E_TYPEMISMATCH, 0, "obj.M(1) = 2", "Type mismatch|The new value is of a wrong type"},
+        {DISP_E_TYPEMISMATCH, 1, "obj.M(1) = 2", "Type mismatch|Argument 1 is of a wrong type"},
+        {DISP_E_TYPEMISMATCH, 9, "obj.M 1", "Type mismatch|"},
+        {E_FAIL, 0, "obj.M 1", "Invoke failed|"},
+    };
+    for (const auto& row : table) {
+        puppet->onInvoke = [&](const Puppet::Call& call) {
+            *call.wrongArgument = row.place;
+            return row.code;
+        };
+        EXPECT_EQ(failureOf(row.text), row.failure) << row.text;
     }
     run("");
 }
