@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace automation {
 
@@ -184,8 +185,23 @@ HRESULT Object::QueryInterface(REFIID iid, void** object) {
 ULONG Object::Release() {
     const ULONG left = --m_References;
     if (left == 0)
-        delete this;
+        end(this);
     return left;
+}
+
+void Object::end(Object* object) noexcept {
+    constexpr int mostNested = 50;
+    static int s_Depth = 0;
+    static Object* s_Waiting = nullptr;
+    if (s_Depth == mostNested) {
+        object->m_NextToEnd = std::exchange(s_Waiting, object);
+        return;
+    }
+    ++s_Depth;
+    delete object;
+    while (s_Depth == 1 && s_Waiting)
+        delete std::exchange(s_Waiting, s_Waiting->m_NextToEnd);
+    --s_Depth;
 }
 
 HRESULT Object::GetTypeInfoCount(UINT* count) {

@@ -62,12 +62,13 @@ public:
     const char* what() const noexcept override { return m_Text.c_str(); }
     const kel_ns::SYS_String& GetText() const noexcept { return m_Text; }
     HRESULT GetCode() const noexcept { return m_Code; }
+    /// Beyond all arguments if none is at fault.
     UINT GetArgument() const noexcept { return m_Argument; }
 
 private:
     kel_ns::SYS_String m_Text;
     HRESULT m_Code;
-    UINT m_Argument = 0;
+    UINT m_Argument = 0xFFFFFFFF;
 };
 
 /// The arguments of one call, counted from 0 as they were written; in a put the new value is the
@@ -159,6 +160,8 @@ private:
 
 /// The base of a host's automation objects. Made with `new` and one reference for the maker; the
 /// last release deletes it. A member may release any object, this one included, and may run macros.
+/// Objects that end by the end of others end at once, but wait for the outermost one when some
+/// fifty of them stand inside each other: macros make chains of any length.
 ///
 /// A call with arguments of a member that takes none applies them to what the member gives: to the
 /// default member of an object, to the elements of an array.
@@ -188,7 +191,10 @@ protected:
     virtual ~Object() = default;
 
 private:
+    static void end(Object* object) noexcept;
+
     ULONG m_References = 1;
+    Object* m_NextToEnd = nullptr;
 };
 
 /// A value that takes over the reference of a new object: `return Own(new Lamp);`

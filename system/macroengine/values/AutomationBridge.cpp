@@ -53,6 +53,7 @@ public:
         return true;
     }
 
+    UINT GetCount() const { return m_Count; }
     DISPPARAMS Get(DISPID* newValueId) {
         return {m_Values, newValueId, m_Count, newValueId ? 1u : 0u};
     }
@@ -121,6 +122,19 @@ void reportFailure(HRESULT failure, const SYS_String& detail) {
     }
 }
 
+/// What is known of an argument that the object refused; `place` counts from the last one.
+SYS_String describeArgument(HRESULT failure, UINT place, const DISPPARAMS& parameters) {
+    const bool isMissing = failure == DISP_E_PARAMNOTOPTIONAL || failure == DISP_E_PARAMNOTFOUND;
+    SYS_String text;
+    if ((!isMissing && failure != DISP_E_TYPEMISMATCH) || place >= parameters.cArgs)
+        return text;
+    if (place < parameters.cNamedArgs)
+        text = "The new value";
+    else
+        text << "Argument " << static_cast<int>(parameters.cArgs - place);
+    return text += isMissing ? " is missing" : " is of a wrong type";
+}
+
 /// One call; a new value makes it a put. False after a failure.
 bool invoke(IDispatch* dispatch, DISPID member, WORD flags, const UI_MacroArray& stored,
             const UI_MacroVariant* newValue, COleVariant& result) {
@@ -137,12 +151,14 @@ bool invoke(IDispatch* dispatch, DISPID member, WORD flags, const UI_MacroArray&
     DISPID named = DISPID_PROPERTYPUT;
     DISPPARAMS parameters = list.Get(newValue ? &named : nullptr);
     FailureInfo info;
-    UINT wrongArgument = 0;
+    UINT wrongArgument = list.GetCount(); // none, unless the object tells
     const HRESULT outcome = object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags,
                                            &parameters, &result, &info, &wrongArgument);
     if (SUCCEEDED(outcome))
         return true;
-    reportFailure(outcome, outcome == DISP_E_EXCEPTION ? info.Describe() : SYS_String());
+    reportFailure(outcome, outcome == DISP_E_EXCEPTION
+                               ? info.Describe()
+                               : describeArgument(outcome, wrongArgument, parameters));
     return false;
 }
 

@@ -32,7 +32,7 @@ __int64 createdTime(const std::string& path, const struct stat& found) {
 #ifdef STATX_BTIME
     struct statx more {};
     if (::statx(AT_FDCWD, path.c_str(), 0, STATX_BTIME, &more) == 0 &&
-        (more.stx_mask & STATX_BTIME) != 0)
+        (more.stx_mask & STATX_BTIME) != 0 && more.stx_btime.tv_sec != 0)
         return more.stx_btime.tv_sec;
 #endif
     return std::min(found.st_mtime, found.st_ctime);

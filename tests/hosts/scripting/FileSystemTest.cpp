@@ -275,6 +275,7 @@ TEST_F(FileSystemObject, TellsWhatWentWrong) {
         {"fso.GetFile(here & \"/a.txt\").Name = \"sub/x\"", "File: The name is not valid: 'sub/x'"},
         {"x = fso.OpenTextFile(here & \"/a.txt\", 8).AtEndOfStream",
          "TextStream: The file is not open for reading: 'a.txt'"},
+        {"fso.CopyFile here & \"/a.txt\", , True", "Argument 2 is missing"},
         {"fso.CreateFolder here & \"/sub\"", source + std::string("It is there already: 'sub'")},
         {"fso.OpenTextFile(here & \"/a.txt\").WriteLine 1",
          "TextStream: The file is not open for writing: 'a.txt'"},

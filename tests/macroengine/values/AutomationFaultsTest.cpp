@@ -21,11 +21,11 @@ public:
         return onName;
     }
     HRESULT Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
-                   EXCEPINFO* exception, UINT*) override {
+                   EXCEPINFO* exception, UINT* wrongArgument) override {
         ++calls;
         if (id == DISPID_NEWENUM)
             return onEnumerator ? onEnumerator(result) : DISP_E_MEMBERNOTFOUND;
-        return onInvoke ? onInvoke({flags, *arguments, result, exception}) : S_OK;
+        return onInvoke ? onInvoke({flags, *arguments, result, exception, wrongArgument}) : S_OK;
     }
 
     struct Call {
@@ -33,6 +33,7 @@ public:
         DISPPARAMS& arguments;
         VARIANT* result;
         EXCEPINFO* exception;
+        UINT* wrongArgument;
     };
 
     HRESULT onName = S_OK;
@@ -170,13 +171,41 @@ TEST_F(AutomationFaults, AFailureMayLeaveAResultAndTexts) {
             EXPECT_EQ(error.GetDetail(), "Puppet: late");
         }
     }
+    run("");
+}
+
+TEST_F(AutomationFaults, TheDetailTellsWhatTheTextHasNoPlaceFor) {
+    const auto failureOf = [this](const char* text) {
+        try {
+            execute(textSource(std::string("Set obj = CreateObject(\"Test.Puppet\")\n") + text));
+        } catch (const MacroException& error) {
+            return std::string(error.GetText().View()) + "|" + error.GetDetail().c_str();
+        }
+        return std::string("no error");
+    };
     puppet->onName = DISP_E_UNKNOWNNAME;
-    try {
-        execute(textSource("Set obj = CreateObject(\"Test.Puppet\")\nx = obj.Colour"));
-        ADD_FAILURE() << "no error";
-    } catch (const MacroException& error) {
-        EXPECT_EQ(error.GetText(), "Error: Member not found: ");
-        EXPECT_EQ(error.GetDetail(), "The object has no member 'Colour'");
+    EXPECT_EQ(failureOf("x = obj.Colour"),
+              "Error: Member not found: |The object has no member 'Colour'");
+    puppet->onName = S_OK;
+    const struct {
+        HRESULT code;
+        UINT place;
+        const char* text;
+        const char* failure;
+    } table[] = {
+        {DISP_E_TYPEMISMATCH, 1, "obj.M 1, 2, 3", "Type mismatch|Argument 2 is of a wrong type"},
+        {DISP_E_PARAMNOTOPTIONAL, 2, "x = obj.M(, 2, 3)", "Invoke failed|Argument 1 is missing"},
+        {DISP_E_TYPEMISMATCH, 0, "obj.M(1) = 2", "Type mismatch|The new value is of a wrong type"},
+        {DISP_E_TYPEMISMATCH, 1, "obj.M(1) = 2", "Type mismatch|Argument 1 is of a wrong type"},
+        {DISP_E_TYPEMISMATCH, 9, "obj.M 1", "Type mismatch|"},
+        {E_FAIL, 0, "obj.M 1", "Invoke failed|"},
+    };
+    for (const auto& row : table) {
+        puppet->onInvoke = [&](const Puppet::Call& call) {
+            *call.wrongArgument = row.place;
+            return row.code;
+        };
+        EXPECT_EQ(failureOf(row.text), row.failure) << row.text;
     }
     run("");
 }
@@ -231,7 +260,7 @@ TEST_F(AutomationFaults, AnObjectMayHandBackItself) {
 TEST_F(AutomationFaults, AnObjectMayEndInTheMiddleOfItsCall) {
     for (const char* text :
          {"x = obj.M(obj)", "obj.M = 1", "obj.M", "Set obj.M = obj", "y = obj.M & obj.M(1)"}) {
-        puppet->onInvoke = [this](const Puppet::Call&) {
+        puppet->onInvoke = [](const Puppet::Call&) {
             if (UI_MacroVariant* variable = processor().LookupVar(SYS_StrNoCase("obj")))
                 variable->Clear();
             return S_OK;
@@ -245,7 +274,7 @@ TEST_F(AutomationFaults, AnObjectMayEndInTheMiddleOfItsCall) {
     }
     // Its last reference goes while it runs.
     auto* brief = new Puppet;
-    brief->onInvoke = [this](const Puppet::Call& call) {
+    brief->onInvoke = [](const Puppet::Call& call) {
         processor().LookupVar(SYS_StrNoCase("b"))->Clear();
         *call.result = COleVariant(LONG{4}).Detach();
         return S_OK;
@@ -274,7 +303,7 @@ TEST_F(AutomationFaults, AnObjectMayRunMacros) {
     };
     EXPECT_EQ(run("obj.M obj, \"text\""), Lines{"Error: Illegal nesting: "});
     // Its names may be read, and what was passed may change meanwhile.
-    puppet->onInvoke = [this](const Puppet::Call& call) {
+    puppet->onInvoke = [](const Puppet::Call& call) {
         UI_MacroVariant one(1);
         *call.result =
             static_cast<COleVariant>(processor().Evaluate("list", &one, 1) + one).Detach();

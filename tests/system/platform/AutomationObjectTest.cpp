@@ -243,4 +243,51 @@ TEST_F(AutomationObject, GivesEnumerators) {
     items->Release();
 }
 
+/// Holds another object, as itself or in an array.
+class Link final : public automation::Object {
+public:
+    explicit Link(COleVariant next) : m_Next(std::move(next)) { ++s_Alive; }
+
+    const automation::Members& GetMembers() const override {
+        static const automation::Members members("Link", {});
+        return members;
+    }
+
+    static inline int s_Alive = 0;
+    static inline int s_Immediate = 0; // ended others before they went on
+
+private:
+    ~Link() override {
+        const int before = s_Alive;
+        m_Next.Clear();
+        s_Immediate += s_Alive < before ? 1 : 0;
+        --s_Alive;
+    }
+
+    COleVariant m_Next;
+};
+
+TEST(AutomationChain, OfAnyLengthEndsWithItsFirstObject) {
+    const auto chain = [](int length) {
+        COleVariant first;
+        for (int i = 0; i < length; ++i) {
+            if (i % 2 == 0) {
+                std::vector<COleVariant> list;
+                list.push_back(std::move(first));
+                first = automation::MakeList(std::move(list));
+            }
+            first = automation::Own(new Link(std::move(first)));
+        }
+        return first;
+    };
+    COleVariant brief = chain(20);
+    brief.Clear();
+    EXPECT_EQ(Link::s_Alive, 0);
+    EXPECT_EQ(Link::s_Immediate, 19);
+    COleVariant endless = chain(1000000);
+    EXPECT_EQ(Link::s_Alive, 1000000);
+    endless.Clear();
+    EXPECT_EQ(Link::s_Alive, 0);
+}
+
 } // namespace
