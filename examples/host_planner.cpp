@@ -17,6 +17,17 @@ struct Task {
     double hours;
 };
 
+/// How a macro writes this text: a quote in it stands twice.
+SYS_String Quoted(const SYS_String& text) {
+    SYS_String quoted = "\"";
+    for (const char c : text.View()) {
+        quoted += c;
+        if (c == '"')
+            quoted += c;
+    }
+    return quoted + "\"";
+}
+
 /// `Add`, `Count`, `Task(i)`, `Hours(i)`, `Total`, `Exit`. Tasks count from 0.
 class Plan : public MacroEval {
 public:
@@ -53,7 +64,7 @@ public:
     void AddTask(const SYS_String& name, double hours) {
         m_Tasks.push_back({name, hours});
         SYS_String line;
-        line.Format("Plan.Add \"%s\", %g", name.c_str(), hours);
+        line.Format("Plan.Add %s, %g", Quoted(name).c_str(), hours);
         Record(line, 0);
     }
     void Print() const {
@@ -151,7 +162,7 @@ int main(int argc, char** argv) {
         std::printf("the macro ends with %d\n", Run(macro, hasFile ? argv[1] : "macros/plan.mcr"));
 
         macro.StartRecording(new Screen);
-        plan.AddTask("Admire the room", 1);
+        plan.AddTask("Admire the \"new\" room", 1);
         macro.StopRecording();
         plan.Print();
         MacroSupport::SetHostHooks(MacroHostHooks()); // they refer to what ends here

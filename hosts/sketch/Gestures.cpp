@@ -299,6 +299,7 @@ void Gestures::cancel(const Words&) { m_Desk.recorder.Call(*m_Dialog, "Cancel", 
 
 // --- the rest --------------------------------------------------------------------------------
 
-void Gestures::help(const Words&) { std::cout << Describe(); }
+// Standard output may be where the macro goes.
+void Gestures::help(const Words&) { std::cerr << Describe(); }
 
 void Gestures::quit(const Words&) { m_IsDone = true; }

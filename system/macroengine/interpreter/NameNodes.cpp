@@ -20,7 +20,7 @@ UI_MacroVariant* withObject(MacroParser& processor) {
         block = block->below;
     UI_MacroVariant* object = block ? block->object.getObject(false) : nullptr;
     if (!object) {
-        if (block && block->active)
+        if (block && block->active && !processor.IsInEvaluation())
             throw pbNotHandled; // the dialog went away in the middle of its block
         processor.OnError(errInternal, SYS_String());
     }

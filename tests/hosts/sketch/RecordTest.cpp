@@ -105,6 +105,13 @@ TEST_F(SketchRecord, ThePromptGoesOnBehindAFault) {
     EXPECT_NE(ReadWholeFile(path("out.svg")).find("<title>T</title>"), std::string::npos);
 }
 
+TEST_F(SketchRecord, HelpIsNoPartOfTheMacro) {
+    const ProgramResult result = sketch({"record", "-"}, "circle 1 2 3\nhelp\nselect all\n");
+    EXPECT_EQ(result.out, "Document.Shapes.AddCircle 1, 2, 3\nDocument.SelectAll\n");
+    EXPECT_NE(result.err.find("rectangle X Y WIDTH HEIGHT"), std::string::npos) << result.err;
+    EXPECT_EQ(result.status, 0);
+}
+
 TEST_F(SketchRecord, TheLogHoldsWhatIsRecordedAndKeepsTheOneBefore) {
     const std::string log = path("session.log");
     sketch({"record", "-", "--log", log}, "circle 1 2 3\n");

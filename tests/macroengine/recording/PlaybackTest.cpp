@@ -193,6 +193,20 @@ TEST_F(PlaybackTest, ADialogThatGoesAwayEndsItsBlock) {
     }
 }
 
+TEST_F(PlaybackTest, LookingForTheLostDialogDoesNotEndItsBlock) {
+    auto dialog = std::make_unique<Recorder>("Dialog");
+    macro.Register(*dialog, nullptr);
+    give(*dialog);
+    dialog->On("Close", [&] { dialog.reset(); });
+    log.On("Look", [this](Args args) {
+        note(errorOf([&] { macro.Eval(textSource(textOf(args[0])), true); }));
+    });
+    EXPECT_EQ(runText("Dialog.Show\nwithDlg Dialog\nLog.Look \".Set 1\"\n.Close\n"
+                      "Log.Look \".Set 2\"\nLog.Look \"3 + .Width\"\nLog.Add 3\nend withDlg"),
+              (Lines{"Dialog 1", "no error",
+                     "Error: Unknown error: ", "Error: Unknown error: ", "3", "closed Dialog 3"}));
+}
+
 TEST_F(PlaybackTest, AnErrorInABlockPassesThroughTheDialog) {
     const char* const text = "x = 1\nOptions.Show\nwithDlg Options\n.Set x\nx = x.y\nend withDlg\n"
                              "Log.Add \"after \" & x";
