@@ -121,20 +121,26 @@ public:
         virtual ~Node();
 
         /// Visits the node on the way down; the default goes to the first child, else leaves.
+        /// Raises: any. Re-enters: host members, where the node reads or calls one.
         virtual Step Enter(MacroParser& processor);
         /// Visits it on the way up; the default goes to the next sibling, else to the parent.
+        /// Raises: any. Re-enters: as Enter.
         virtual Step Leave(MacroParser& processor);
+        /// Told to each open `With` after an edit of the running macro. Nothing by default.
         virtual void OnContextChanged(MacroParser& processor);
         /// Leaves the node because an `Exit` jumps out of it.
         virtual void Abandon(MacroParser& processor);
-        /// Unlinks the node and its children, and frees the node.
+        /// Frees the node; its children stay with the tree, detached. On a root an assertion.
         virtual void Release(ParserTree& tree);
         virtual bool IsStatement() const;
 
+        /// Take the child from where it stands and make it the last, or the first, of this node.
+        /// Null and the node itself do nothing. Owner: not this node, but the tree.
         void AppendChild(Node* child);
         void PrependChild(Node* child);
-        /// Moves the node to the place before a sibling.
+        /// Moves the node to the place before a sibling; nothing if that has no parent.
         void MoveBefore(Node* sibling);
+        /// Takes the node, with its children, out of its parent. Nothing for a detached one.
         void Unlink();
 
         Node* GetParent() const { return m_Parent; }
@@ -148,7 +154,9 @@ public:
         Node* GetPreviousSibling() const {
             return m_Parent && this != m_Parent->m_FirstChild ? m_Previous : nullptr;
         }
+        /// Owner: the tree. Null for roots and for nodes on the stack.
         Position* GetPosition() const { return m_Position; }
+        /// What IsStatement says, without a call.
         bool IsStatementNode() const { return m_IsStatement; }
         /// The node made next on the same line.
         Node* GetNextOnLine() const { return m_NextOnLine; }
