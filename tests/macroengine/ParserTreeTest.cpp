@@ -39,9 +39,6 @@ protected:
     }
     Tree& tree() { return processor.GetTree(); }
     Tree::ScriptUnit& unit() { return *tree().GetCurrentUnit(); }
-    Tree::Position* line(std::size_t number) {
-        return number < unit().m_Lines.size() ? unit().m_Lines[number] : nullptr;
-    }
 
     MacroParser processor{true};
 };
@@ -148,41 +145,6 @@ TEST_F(ParserTreeTest, LineRecordsAreMadeOnceRevivedAndRecycled) {
     AssertRecorder asserts;
     EXPECT_EQ(tree().GetOrCreatePosition(nullptr, -1), nullptr);
     EXPECT_EQ(asserts.Take().size(), 1u);
-}
-
-TEST_F(ParserTreeTest, LinesOfBlocksKnowEachOther) {
-    struct Row {
-        const char* text; // its block goes from line 1 to line 3
-        Kind kind;
-    };
-    const Row rows[] = {
-        {"\nFor i = 1 To 2\n x = 1\nNext\n", Kind::ForStm},
-        {"\nFor Each i In a\n x = 1\nNext\n", Kind::ForStm},
-        {"\nWhile x\n x = 1\nWend\n", Kind::WhileWend},
-        {"\nDo\n x = 1\nLoop\n", Kind::DoLoop},
-        {"\nDo\n x = 1\nLoop Until x\n", Kind::DoLoop},
-        {"\nDo While x\n x = 1\nLoop\n", Kind::DoLoop},
-        {"\nWith x\n x = 1\nEnd With\n", Kind::With},
-        {"\nSub s\n x = 1\nEnd Sub\n", Kind::Function},
-        {"\nFunction f(a)\n x = 1\nEnd Function\n", Kind::Function},
-    };
-    for (const Row& row : rows) {
-        ASSERT_TRUE(parse(row.text)) << row.text;
-        Tree::Position* const begin = line(1);
-        Tree::Position* const end = line(3);
-        ASSERT_NE(begin, nullptr) << row.text;
-        ASSERT_NE(end, nullptr) << row.text;
-        EXPECT_EQ(begin->blockEnd, end) << row.text;
-        EXPECT_EQ(end->blockBegin, begin) << row.text;
-        EXPECT_EQ(begin->blockBegin, nullptr) << row.text;
-        EXPECT_EQ(end->blockEnd, nullptr) << row.text;
-        ASSERT_NE(begin->scope, nullptr) << row.text;
-        EXPECT_TRUE(begin->scope->Is(row.kind)) << row.text;
-        EXPECT_EQ(end->scope, &unit().m_Root) << row.text;
-        ASSERT_NE(line(2), nullptr) << row.text;
-        EXPECT_EQ(line(2)->blockBegin, nullptr) << row.text;
-        EXPECT_EQ(line(2)->line, 2) << row.text;
-    }
 }
 
 TEST_F(ParserTreeTest, ChildrenAreSortedByLineAndStayInOrderWithinALine) {

@@ -28,25 +28,20 @@ private:
 
 Shape shapeOf(const Bounds& bounds) {
     Shape shape;
-    for (auto [lower, upper] : bounds) {
-        _ArraySubscript subscript;
-        subscript.lower = lower;
-        subscript.upper = upper;
-        shape.Append(subscript);
-    }
+    for (auto [lower, upper] : bounds)
+        shape.Append({lower, upper});
     return shape;
-}
-
-Value declare(const Bounds& bounds) {
-    Shape shape = shapeOf(bounds);
-    Value array;
-    MacroVariantArraySupport::CreateArray(&array, shape, false);
-    return array;
 }
 
 void create(Value& array, const Bounds& bounds, bool dynamic = false) {
     Shape shape = shapeOf(bounds);
     MacroVariantArraySupport::CreateArray(&array, shape, dynamic);
+}
+
+Value declare(const Bounds& bounds) {
+    Value array;
+    create(array, bounds);
+    return array;
 }
 
 void recreate(Value& array, const Bounds& bounds, bool preserve) {

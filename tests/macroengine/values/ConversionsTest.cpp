@@ -130,26 +130,11 @@ TEST_F(ConversionsTest, IntegerTextHasThirtyTwoBits) {
 }
 
 TEST_F(ConversionsTest, RealTextIsThatOfPrintf) {
-    const double edges[] = {0.0,
-                            -0.0,
-                            1.0,
-                            -1.0,
-                            0.1,
-                            100000,
-                            999999,
-                            999999.5,
-                            -999999.5,
-                            1000000,
-                            1234567,
-                            123456.5,
-                            0.0001,
-                            0.00001,
-                            0.000099999995,
-                            5e-324,
-                            std::numeric_limits<double>::max(),
-                            std::numeric_limits<double>::infinity(),
-                            -std::numeric_limits<double>::infinity(),
-                            std::nan(""),
+    const double most = std::numeric_limits<double>::max();
+    const double edges[] = {0.0,          -0.0,     1.0,      -1.0,      0.1,
+                            100000,       999999,   999999.5, -999999.5, 1000000,
+                            1234567,      123456.5, 0.0001,   0.00001,   0.000099999995,
+                            5e-324,       most,     most * 2, -most * 2, std::nan(""),
                             -std::nan("")};
     for (double edge : edges)
         expectSameAsPrintf(edge);

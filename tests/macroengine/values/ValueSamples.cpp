@@ -27,10 +27,8 @@ std::vector<Sample> AllSamples(SampleTargets& targets) {
     using V = UI_MacroVariant;
     auto value = [](auto plain) { return [plain] { return V(plain); }; };
     std::vector<Sample> samples = {
-        number(
-            "Empty", [] { return V(); }, 1, "", 0, 0, 0, 0),
-        number(
-            "Nothing", [] { return V(static_cast<IDispatch*>(nullptr)); }, 2, "", 0, 0, 0, 0),
+        number("Empty", value(V()), 1, "", 0, 0, 0, 0),
+        number("Nothing", value(V(static_cast<IDispatch*>(nullptr))), 2, "", 0, 0, 0, 0),
         number("empty String", value(""), 4, "", 0, 0, 0, 0),
         number("String 12abc", value("12abc"), 4, "12abc", 12, 12, 0x12abc, 0),
         number("String 2.5", value("2.5"), 4, "2.5", 2, 2.5, 2, 0),
@@ -49,37 +47,20 @@ std::vector<Sample> AllSamples(SampleTargets& targets) {
         number("Double 1e300", value(1e300), 6, "1e+300", Smallest, 1e300, 0, bitsOf(1e300)),
         number("True", value(true), 7, "True", -1, -1, 0xFFFFFFFFu, -1),
         number("False", value(false), 7, "False", 0, 0, 0, 0),
-        other(
-            "Array",
-            [] {
-                return ListOf({V(1), V("x")});
-            },
-            9),
-        other(
-            "empty Array", [] { return V(UI_MacroArray()); }, 9),
-        other(
-            "Missing", [] { return OfKind(vvtMissing); }, 10),
-        number(
-            "Handle 0", [] { return HandleOf(0); }, 11, "0x0", 0, 0, 0, 0),
-        number(
-            "Handle", [] { return HandleOf(0x80000001u); }, 11, "0xffffffff80000001", -2147483647,
-            -2147483647.0, 0x80000001u, 0x80000001),
-        other(
-            "Script", [] { return ScriptOf("2.5"); }, 12, "2.5"),
-        number(
-            "Unknown", [] { return V(static_cast<IUnknown*>(nullptr)); }, 13, "", 0, 0, 0, 0),
+        other("Array", value(ListOf({V(1), V("x")})), 9),
+        other("empty Array", value(V(UI_MacroArray())), 9),
+        other("Missing", value(OfKind(vvtMissing)), 10),
+        number("Handle 0", value(HandleOf(0)), 11, "0x0", 0, 0, 0, 0),
+        number("Handle", value(HandleOf(0x80000001u)), 11, "0xffffffff80000001", -2147483647,
+               -2147483647.0, 0x80000001u, 0x80000001),
+        other("Script", value(ScriptOf("2.5")), 12, "2.5"),
+        number("Unknown", value(V(static_cast<IUnknown*>(nullptr))), 13, "", 0, 0, 0, 0),
         number("Function", value(&GiveThree), 5, "3", 3, 3, 3, 3),
-        number(
-            "variable 7", [&targets] { return V(&targets.variable); }, 5, "7", 7, 7, 7, 7),
-        number(
-            "alias of variable 7", [&targets] { return V(&targets.alias); }, 5, "7", 7, 7, 7, 7),
-        number(
-            "constant 2.5", [&targets] { return V(&targets.constant); }, 4, "2.5", 2, 2.5, 2, 0),
-        number(
-            "unset variable", [&targets] { return V(&targets.unset); }, 1, "", 0, 0, 0, 0),
-        number(
-            "element 2.5", [&targets] { return ElementOf(targets.element); }, 6, "2.5", 3, 2.5, 2,
-            bitsOf(2.5)),
+        number("variable 7", value(V(&targets.variable)), 5, "7", 7, 7, 7, 7),
+        number("alias of variable 7", value(V(&targets.alias)), 5, "7", 7, 7, 7, 7),
+        number("constant 2.5", value(V(&targets.constant)), 4, "2.5", 2, 2.5, 2, 0),
+        number("unset variable", value(V(&targets.unset)), 1, "", 0, 0, 0, 0),
+        number("element 2.5", value(ElementOf(targets.element)), 6, "2.5", 3, 2.5, 2, bitsOf(2.5)),
     };
     Sample null = number("Null", NullValue, 8, "", 0, 0, 0, 0);
     null.null = true;

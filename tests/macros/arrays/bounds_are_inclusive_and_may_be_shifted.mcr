@@ -1,12 +1,8 @@
 Dim a(3), b(-2 To 1), c(5 To 5), n, i, s
 n = 2
 Dim d(n + 1), e(n To n * 2)
-For i = 0 To 3
-a(i) = i * i
-Next
-For i = -2 To 1
-b(i) = i
-Next
+For i = 0 To 3 : a(i) = i * i : Next
+For i = -2 To 1 : b(i) = i : Next
 c(5) = "only"
 d(3) = "last"
 e(4) = "top"

@@ -28,9 +28,7 @@ Console.WriteLine list(0) Is Console, " ", list(1)
 ' > True 7
 
 Sub fill(target, ByVal count)
-    For i = 1 To count
-        target("k" & i) = i
-    Next
+    For i = 1 To count : target("k" & i) = i : Next
 End Sub
 fill d, 3
 Console.WriteLine d("k1") + d("k2") + d("k3")

@@ -30,7 +30,5 @@ Console.WriteLine d.Keys(1), " ", d.Items()(1), " ", UBound(d.Keys)
 ' > figs 1 3
 d.RemoveAll
 Console.WriteLine d.Count, " ", UBound(d.Keys), " ", d.Exists("figs")
-For Each key In d
-    Console.WriteLine "never"
-Next
+For Each key In d : Console.WriteLine "never" : Next
 ' > 0 -1 False

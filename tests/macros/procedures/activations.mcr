@@ -39,6 +39,13 @@ Function mixed(n)
         mixed = n * 2 + mixed(n - 1) * 3 - (n + mixed(n - 1)) * n
     End If
 End Function
+Function fib(n)
+    If n < 2 Then
+        fib = n
+        Exit Function
+    End If
+    fib = fib(n - 1) + fib(n - 2)
+End Function
 Function zero
     calls = calls + 1
     zero = 9
@@ -51,7 +58,7 @@ hanoi 6, "a", "c", "b", moves
 Console.WriteLine moves
 Console.WriteLine g(f(1), f(2))
 Console.WriteLine f(1) + f(2) * f(3)
-Console.WriteLine mixed(5)
+Console.WriteLine mixed(5), " ", fib(12)
 Console.WriteLine zero(), " ", calls
 Console.WriteLine later(4)
 Function later(n)
@@ -68,7 +75,7 @@ Console.WriteLine TypeName(noValue())
 ' > 63
 ' > f1 f2 g -1
 ' > f1 f2 f3 10607
-' > -5
+' > -5 144
 ' > 18 2
 ' > 16
 ' > Empty Empty

@@ -15,9 +15,7 @@ Sub drop(a)
 End Sub
 Function made(n)
     Dim list(2)
-    For i = 0 To 2
-        list(i) = i * n
-    Next
+    For i = 0 To 2 : list(i) = i * n : Next
     made = list
 End Function
 Function sum(list(), ByVal final)

@@ -9,9 +9,7 @@ End Sub
 Function Last
 Last = total
 End Function
-For i = 1 To top
-Add i
-Next
+For i = 1 To top : Add i : Next
 ReDim undeclared(3)
 undeclared(3) = "made by ReDim"
 Console.WriteLine Last(), " ", undeclared(3), " ", Empty, TypeName(Null)

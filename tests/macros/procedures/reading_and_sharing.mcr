@@ -8,9 +8,7 @@ Function shift(i)
     shift = 100
 End Function
 Dim list(5), grid(2, 2), deep
-For n = 0 To 5
-    list(n) = n * 10
-Next
+For n = 0 To 5 : list(n) = n * 10 : Next
 i = 1
 Console.WriteLine list(i) + bump(list(i)), " ", list(i)
 Console.WriteLine list(i) + shift(i), " ", i
@@ -70,9 +68,7 @@ Console.WriteLine count(3), count(0)
 ' The same expression over different kinds of values.
 ReDim any(2)
 any(0) = 7 : any(1) = "7" : any(2) = True
-For k = 0 To 2
-    Console.Write any(k) + 1, " ", any(k) & "!", " ", Not any(k), " "
-Next
+For k = 0 To 2 : Console.Write any(k) + 1, " ", any(k) & "!", " ", Not any(k), " " : Next
 Console.WriteLine
 Sub tell(a)
     Console.Write TypeName(a), " "

@@ -2,9 +2,7 @@ dIM Total, a_1b
 TOTAL = 3
 totAL = total + 1
 A_1B = "x"
-fOR i = 1 tO 2 sTEP 1
-console.WRITELINE TOTAL, a_1B, I
-nEXT i
+fOR i = 1 tO 2 sTEP 1 : console.WRITELINE TOTAL, a_1B, I : nEXT i
 iF tRUE aND nOT fALSE tHEN cONSOLE.writeline "yes" eLSE CONSOLE.WriteLine "no"
 sUB Do_it
 Console.WriteLine "done"

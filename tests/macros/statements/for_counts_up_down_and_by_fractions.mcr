@@ -1,8 +1,6 @@
 Sub Count(first, last, by)
 Dim i, s
-For i = first To last Step by
-s = s & i & " "
-Next
+For i = first To last Step by : s = s & i & " " : Next
 Console.WriteLine s, "then ", i
 End Sub
 Count 1, 3, 1

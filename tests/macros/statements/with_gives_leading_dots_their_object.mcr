@@ -7,9 +7,7 @@ With o
 .WriteLine
 End With
 .WriteLine "c"
-For i = 1 To 2 Step 1
-.WriteLine "d", i
-Next
+For i = 1 To 2 Step 1 : .WriteLine "d", i : Next
 If i = 3 Then .WriteLine "e"
 End WithDlg
 ' A dialog's block waits for the host to open the dialog: the walk passes over it.

@@ -33,19 +33,20 @@ TEST_F(SafeArrayTest, DimensionsAndIndicesCountAlike) {
     EXPECT_EQ(array->rgsabound[0].lLbound, 10); // kept in reverse
 
     LONG number = 0;
-    LONG indices[3];
-    for (indices[0] = 1; indices[0] <= 2; ++indices[0])
-        for (indices[1] = -5; indices[1] <= -3; ++indices[1])
-            for (indices[2] = 10; indices[2] <= 13; ++indices[2], ++number)
-                ASSERT_EQ(SafeArrayPutElement(array, indices, &number), S_OK);
-    number = 0;
-    for (indices[0] = 1; indices[0] <= 2; ++indices[0])
-        for (indices[1] = -5; indices[1] <= -3; ++indices[1])
-            for (indices[2] = 10; indices[2] <= 13; ++indices[2], ++number) {
-                LONG got = -1;
-                ASSERT_EQ(SafeArrayGetElement(array, indices, &got), S_OK);
-                EXPECT_EQ(got, number);
-            }
+    const auto eachElement = [&](auto action) {
+        number = 0;
+        LONG at[3];
+        for (at[0] = 1; at[0] <= 2; ++at[0])
+            for (at[1] = -5; at[1] <= -3; ++at[1])
+                for (at[2] = 10; at[2] <= 13; ++at[2], ++number)
+                    action(at);
+    };
+    eachElement([&](LONG* at) { EXPECT_EQ(SafeArrayPutElement(array, at, &number), S_OK); });
+    eachElement([&](LONG* at) {
+        LONG got = -1;
+        EXPECT_EQ(SafeArrayGetElement(array, at, &got), S_OK);
+        EXPECT_EQ(got, number);
+    });
 
     // The first index runs fastest.
     void* data = nullptr;

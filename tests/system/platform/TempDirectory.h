@@ -1,9 +1,9 @@
 #pragma once
 
-#include <Platform.h>
 #include <SFM_File.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -18,7 +18,10 @@ public:
     }
     TempDirectory(const TempDirectory&) = delete;
     TempDirectory& operator=(const TempDirectory&) = delete;
-    ~TempDirectory() { removeAll(m_Path); }
+    ~TempDirectory() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_Path, ignored);
+    }
 
     kel_ns::SYS_String Path(const char* name) const { return (m_Path + "/" + name).c_str(); }
     const char* Path() const { return m_Path.c_str(); }
@@ -36,19 +39,5 @@ public:
     }
 
 private:
-    static void removeAll(const std::string& path) {
-        kel_ns::Platform& platform = kel_ns::GetPlatform();
-        std::vector<kel_ns::PlatformDirectoryEntry> entries;
-        platform.ListDirectory(path.c_str(), entries);
-        for (const kel_ns::PlatformDirectoryEntry& entry : entries) {
-            const std::string inner = path + "/" + entry.name.c_str();
-            if (entry.isDirectory)
-                removeAll(inner);
-            else
-                platform.DeleteFile(inner.c_str());
-        }
-        platform.DeleteDirectory(path.c_str());
-    }
-
     std::string m_Path;
 };

@@ -156,14 +156,6 @@ TEST(SCC_Map, TellsItsListeners) {
     EXPECT_EQ(codes.text, "1d 1d 2d 7 6 2 ");
 }
 
-TEST(SCC_Map, HoldsWhatCannotBeCopied) {
-    AssertRecorder asserts;
-    SCC_Map<int, std::unique_ptr<int>> map;
-    map.Emplace(1, std::make_unique<int>(5));
-    map.Install(2, std::make_unique<int>(6));
-    EXPECT_EQ(**map.Lookup(1) + **map.Lookup(2), 11);
-}
-
 // The end of a value may look into the map that is being emptied.
 TEST(SCC_Map, IsEmptyWhileItsValuesEnd) {
     AssertRecorder asserts;
@@ -288,15 +280,4 @@ TEST(SCC_Hash, SpreadsOverSmallTables) {
     // Chance alone fills 63 in 100.
     EXPECT_GT(used[0], 600);
     EXPECT_GT(used[1], 600);
-}
-
-TEST(SCC_Hash, TableSizesGrowToAnEnd) {
-    EXPECT_GE(SCC_GetNewTableSize(30), 30);
-    int size = 0;
-    int steps = 0;
-    for (int next = SCC_GetNewTableSize(0); next != 0; next = SCC_GetNewTableSize(size), ++steps) {
-        ASSERT_GT(next, size);
-        size = next;
-    }
-    EXPECT_LT(steps, 40);
 }
