@@ -16,6 +16,7 @@ enum class Drive {
     StopAtEveryStatement,
     StepInto,
     StepOver,
+    StepOut,
     ReparseFirst,      // every line is parsed again, all at once
     ReparseUnderTheRun // every line by itself, while the first statement waits
 };
@@ -47,7 +48,7 @@ public:
         if (m_Started)
             return false;
         m_Started = true;
-        if (m_Drive == Drive::StepInto || m_Drive == Drive::StepOver)
+        if (m_Drive == Drive::StepInto || m_Drive == Drive::StepOver || m_Drive == Drive::StepOut)
             goOn();
         else if (m_Drive == Drive::ReparseUnderTheRun)
             reparse(false);
@@ -67,7 +68,9 @@ public:
 private:
     void goOn() {
         MacroSupport::GetProcessor()->SetExecutionMode(
-            m_Drive == Drive::StepInto ? MacroSupport::emStepInto : MacroSupport::emStepOver);
+            m_Drive == Drive::StepInto  ? MacroSupport::emStepInto
+            : m_Drive == Drive::StepOut ? MacroSupport::emStepOut
+                                        : MacroSupport::emStepOver);
     }
 
     const Drive m_Drive;
@@ -173,6 +176,7 @@ TEST_P(MacroModes, Agree) {
           Way{"every statement", Feed::Whole, Drive::StopAtEveryStatement},
           Way{"step into", Feed::Whole, Drive::StepInto},
           Way{"step over, line by line", Feed::LineByLine, Drive::StepOver},
+          Way{"step out", Feed::Whole, Drive::StepOut},
           Way{"parsed again", Feed::Whole, Drive::ReparseFirst},
           Way{"parsed again, line by line", Feed::LineByLine, Drive::ReparseFirst},
           Way{"parsed again while it runs", Feed::Whole, Drive::ReparseUnderTheRun}}) {

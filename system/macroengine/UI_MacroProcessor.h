@@ -476,8 +476,8 @@ public:
     /// False with the macro stopped if a `For` stays open, or if the edit breaks what is running:
     /// a procedure, a calling line, a `With`, the head of a `For`. False also without a source.
     /// Where a `rem` line counts twice, a change of its number is two changes. Raises: the error of
-    /// a faulty text, which leaves the macro paused and to be mended; 42 during an evaluation or a
-    /// parse. Re-enters: the source.
+    /// a faulty text, which leaves the macro paused and to be mended; 42 during an evaluation, a
+    /// parse or another edit. Re-enters: the source.
     virtual bool Reparse(SCL_Vector<LineChange> const& changes);
 
     /// The next token of the text being parsed: 0 at the end, a character, a token number, or a
@@ -562,5 +562,6 @@ protected:
     ExecutionMode m_LastExecuting = emRun;
     bool m_BetweenSteps = false; // a callback runs while no node does
     unsigned m_Edits = 0;        // counts the calls of Reparse
+    bool m_Editing = false;      // one of them is under way
     RunGuard* m_TopGuard = nullptr;
 };

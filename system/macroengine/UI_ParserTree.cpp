@@ -234,7 +234,9 @@ void ParserTree::freeUnit(ScriptUnit* unit) {
     delete unit;
 }
 
-void ParserTree::place(Node* node) { GetOrCreatePosition(node, m_Processor->GetParsePosition()); }
+ParserTree::Position* ParserTree::currentLine() {
+    return GetOrCreatePosition(nullptr, m_Processor->GetParsePosition());
+}
 
 ParserTree::Position* ParserTree::GetOrCreatePosition(Node* node, long line) {
     if (!SCL_ASSERT(line >= 0, "ParserTree::GetOrCreatePosition: negative line"))

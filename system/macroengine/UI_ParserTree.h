@@ -220,6 +220,12 @@ public:
         static void operator delete(void* cell, std::size_t size);
     };
 
+    /// A line that says `Option Explicit`, and the block in which nothing may stand before it.
+    struct OptionLine {
+        const Position* line;
+        const Node* block;
+    };
+
     /// One parsed source.
     struct KEL_MCR_API ScriptUnit {
         ScriptUnit() = default;
@@ -233,8 +239,8 @@ public:
         int m_Explicit = 0;
         SYS_String key;                     // the normalised path
         SCL_Vector<SYS_String> m_Variables; // module variables that the unit declares
-        Position* m_ExplicitLine = nullptr; // the line that says Option Explicit
-        bool m_RestDropped = false;         // an open string has ended the text
+        SCL_Vector<OptionLine> m_ExplicitLines;
+        bool m_RestDropped = false; // an open string has ended the text
     };
 
     /// The value slots of a node: one cell for each activation that is computing it.
@@ -511,11 +517,7 @@ public:
     /// Frees every unit, node and record, and forgets the module names.
     void Clear();
     /// Makes a node on the current line.
-    template <class N> N* Create() {
-        N* node = new N;
-        place(node);
-        return node;
-    }
+    template <class N> N* Create() { return CreateAt<N>(currentLine()); }
     /// Makes a node on the line of another one.
     template <class N> N* CreateAt(Position* position) {
         N* node = new N;
@@ -573,7 +575,7 @@ private:
     friend class Node;
     template <class T, bool S> friend class NodeImpl;
 
-    void place(Node* node);
+    Position* currentLine();
     static void attachToLine(Node* node, Position* position);
     static void detachFromLine(Node* node);
     static void freeNodesOf(Position* position);

@@ -22,7 +22,7 @@ constexpr const char* kText = "a = 1\n"           // 0
 class CallbackSource : public EditedSource {
 public:
     explicit CallbackSource(std::string_view text, Feed feed = Feed::Whole)
-        : EditedSource(splitLines(text), feed) {}
+        : EditedSource(splitLines(text), feed), m_Feed(feed) {}
 
     bool IsBreakPoint(long line) override { return onStatement && onStatement(line); }
     void OnPause() override {
@@ -38,10 +38,19 @@ public:
         return EditedSource::GetNextLine(line, forParsing);
     }
 
+    MacroSource* Clone(char const*) override {
+        auto* other = new CallbackSource("If 1 Then\nLog.Add 8\nEnd If\n", m_Feed);
+        other->onRead = onRead;
+        return other;
+    }
+
     std::function<bool(long)> onStatement;
     std::function<void()> onPause;
     std::function<bool(MacroException&)> onError;
     std::function<void()> onRead;
+
+private:
+    const Feed m_Feed;
 };
 
 class DebuggerTest : public DebugTest {
@@ -172,6 +181,33 @@ TEST_F(DebuggerTest, StopEndsTheRunFromEveryCallback) {
     }
     setHooks({}, {});
     EXPECT_EQ(runText("Log.Add 3"), (Lines{"3"})); // the engine is as good as new
+}
+
+TEST_F(DebuggerTest, AStopWhileATextIsReadEndsTheRunWithoutAnError) {
+    const TestFolder folder;
+    const std::string text = "If 1 Then\nLog.Add 1\nEnd If\nWScript.Execute \"" +
+                             folder.Write("other.mcr", "") + "\"\nLog.Add 9\n";
+    for (const Feed feed : {Feed::Whole, Feed::LineByLine}) {
+        bool isStopped = true;
+        for (int stopAt = 1; isStopped; ++stopAt) {
+            SCOPED_TRACE(stopAt);
+            const SCL_Pointer<CallbackSource> source = new CallbackSource(text, feed);
+            int reads = 0;
+            source->onRead = [&] {
+                if (++reads == stopAt)
+                    macro.Stop();
+            };
+            const Lines output = run(source);
+            isStopped = reads >= stopAt;
+            if (isStopped) {
+                EXPECT_TRUE(output.empty() || output == Lines{"1"});
+                EXPECT_EQ(processor().GetExecutionMode(), Processor::emStopped);
+                EXPECT_EQ(processor().GetLastErrorCode(), errMessage);
+            } else {
+                EXPECT_EQ(output, (Lines{"1", "8", "9"}));
+            }
+        }
+    }
 }
 
 TEST_F(DebuggerTest, AnErrorIsLookedAtBeforeAnythingIsUnwound) {

@@ -407,6 +407,59 @@ TEST_F(ReparseTest, ARepairedStatementRunsAgain) {
     EXPECT_EQ(log.lines, (Lines{"1"}));
 }
 
+TEST_F(ReparseTest, OneOptionOfSeveralGoes) {
+    const SCL_Pointer<EditedSource> source = new EditedSource(
+        splitLines("Option Explicit\nDim x\nSub s\n  x = 1\nEnd Sub\n"), Feed::Whole);
+    parser().SetSource(source);
+    ASSERT_TRUE(parser().Parse());
+    source->Insert(3, "Option Explicit");
+    EXPECT_TRUE(reparse(*source));
+    source->Insert(3, "x = 2");
+    EXPECT_EQ(errorOf([&] { reparse(*source); }).substr(0, 18), "Expected statement");
+    source->Remove(3);
+    EXPECT_TRUE(reparse(*source));
+    source->Remove(3);
+    EXPECT_TRUE(reparse(*source));
+    EXPECT_EQ(processor().getOptions().explicitDeclarations, 1);
+    source->Remove(0);
+    EXPECT_TRUE(reparse(*source));
+    EXPECT_EQ(processor().getOptions().explicitDeclarations, 0);
+}
+
+TEST_F(ReparseTest, AnEditInsideAnEditIsRefused) {
+    class CuriousSource : public EditedSource {
+    public:
+        using EditedSource::EditedSource;
+        bool LineByLine() override {
+            if (const auto action = std::exchange(onAsked, nullptr)) { // errors ask, too
+                action();
+                onAsked = action;
+            }
+            return EditedSource::LineByLine();
+        }
+        std::function<void()> onAsked;
+    };
+    const SCL_Pointer<CuriousSource> source =
+        new CuriousSource(splitLines("x = 1\nLog.Add x\n"), Feed::Whole);
+    parser().SetSource(source);
+    ASSERT_TRUE(parser().Parse());
+    int asked = 0;
+    int refused = 0;
+    source->onAsked = [&] {
+        ++asked;
+        refused += errorOf([&] { parser().Reparse({{2, 1}}); }) == "Error: Illegal nesting: ";
+    };
+    source->Change(0, "x = 2");
+    EXPECT_TRUE(reparse(*source));
+    EXPECT_GT(asked, 0);
+    EXPECT_EQ(refused, asked);
+    source->onAsked = nullptr;
+    log.lines.clear();
+    processor().SetExecutionMode(Processor::emRun);
+    processor().PlayBack(0, nullptr, nullptr);
+    EXPECT_EQ(log.lines, (Lines{"2"}));
+}
+
 TEST_F(ReparseTest, AFileIsReadAsItIsNow) {
     class FileUnderDebugger : public MacroSourceFile {
     public:

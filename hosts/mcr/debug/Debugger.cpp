@@ -178,8 +178,9 @@ void Debugger::doHelp(const std::string&) {
 
 void Debugger::doQuit(const std::string&) {
     m_Quitting = true;
-    if (m_Main->text.IsChanged())
-        say("The edits of " + m_Main->shown + " are not saved.\n");
+    for (const auto& file : m_Files.GetAll())
+        if (file->text.IsChanged())
+            say("The edits of " + file->shown + " are not saved.\n");
     if (m_Run.IsHalted())
         m_Run.Stop();
 }

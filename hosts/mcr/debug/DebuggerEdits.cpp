@@ -25,7 +25,7 @@ Debugger::Target Debugger::findTarget(const std::string& text) {
     Target target{&currentFile()};
     std::string place = text;
     const std::size_t colon = text.rfind(':');
-    if (colon != std::string::npos) {
+    if (colon != std::string::npos && colon > 0) {
         target.file = findFile(text.substr(0, colon));
         place = text.substr(colon + 1);
         if (!target.file) {

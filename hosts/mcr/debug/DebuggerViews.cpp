@@ -90,7 +90,8 @@ void Debugger::doList(const std::string& arguments) {
         if (!target.file)
             return;
         if (comma != std::string::npos &&
-            !ParseNumber(Trimmed(arguments.substr(comma + 1)), last)) {
+            (!ParseNumber(Trimmed(arguments.substr(comma + 1)), last) ||
+             (!target.isMiddle && last <= target.line))) {
             say("\"" + arguments + "\" is no range of lines.\n");
             return;
         }

@@ -10,6 +10,7 @@
 #include "engine/Frames.h"
 #include "interpreter/RunGuard.h"
 #include "interpreter/WithinMemory.h"
+#include "language/ParseState.h"
 #include "language/Scanner.h"
 #include "language/TreeUpdate.h"
 
@@ -84,7 +85,7 @@ private:
 
 bool MacroParser::Reparse(SCL_Vector<LineChange> const& changes) {
     const EntryGuard entry(*this);
-    if (m_Evaluating || m_Parsing)
+    if (m_Evaluating || m_Parsing || m_Editing)
         OnError(errIllegalNesting, SYS_String());
     if (!m_Source || !m_Tree->GetCurrentUnit())
         return false;
@@ -102,6 +103,7 @@ bool MacroParser::Reparse(SCL_Vector<LineChange> const& changes) {
     bool isDone = false;
     try {
         WithinMemory(*this, [&] {
+            const ParsingFlag editing(m_Editing);
             TreeUpdate update(*this);
             update.Mark(changes);
             if (m_StopPending || breaksTheRun())

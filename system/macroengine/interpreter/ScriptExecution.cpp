@@ -54,9 +54,12 @@ ParserTree::ScriptUnit* parseUnit(MacroParser& processor, const SYS_String& key)
     ParserTree::ScriptUnit* unit = rollback.unit;
     unit->source = source;
     tree.SetCurrentUnit(unit);
-    if (!processor.ParseAll())
+    if (!processor.ParseAll()) {
+        if (processor.GetExecutionMode() == MacroSupport::emStopped)
+            return nullptr; // the source ended the run
         throw MacroException(processor.GetLastErrorText(), key,
                              static_cast<int>(processor.GetLastErrorLine()), source);
+    }
     rollback.unit = nullptr;
     return unit;
 }
@@ -96,6 +99,8 @@ Step ParserTree::ScriptExec::OnEnter(Node& node, MacroParser& processor) {
         processor.OnError(errIllegalNesting, key);
     if (!unit)
         unit = parseUnit(processor, key);
+    if (!unit)
+        return {nullptr, false};
     processor.SwitchUnit(unit);
     declareVariables(processor, *unit);
     node.AppendChild(&unit->m_Root);

@@ -138,6 +138,11 @@ void MacroParser::ParseText(SYS_String& text, bool continues) {
         if (ParseMacroText(*m_Builder) != 0)
             OnError(SYS_String("YYABORT"));
     } catch (const MacroException& error) {
+        if (m_StopPending) { // what failed is a text that a stop has cut short
+            scan.cursor = nullptr;
+            ClearLastError();
+            return;
+        }
         m_FailingOffset = static_cast<long>(scan.tokenStart - scan.bufferStart);
         SYS_String message = error.GetText();
         message << "\n";
@@ -156,11 +161,13 @@ int MacroParser::NextToken() {
         m_Source->SetPosition(m_Source->GetPosition() + 1);
     int token = scan.prefixLeft > 0 ? prefixToken() : m_Scanner->ScanToken();
     while (token == tokEnd && scan.continuesText) {
+        SYS_String next; // the line before is still needed if there is none
         if (scan.lastToken != tokNewLine && scan.lastToken != 0) {
             scan.lineOffset = 0;
             ++scan.currentLine;
             token = tokNewLine;
-        } else if (!m_StopPending && m_Source->GetNextLine(*scan.text, true) && !m_StopPending) {
+        } else if (!m_StopPending && m_Source->GetNextLine(next, true) && !m_StopPending) {
+            *scan.text = next;
             *scan.cursor = scan.text->c_str();
             m_Scanner->BeginLine();
             m_Builder->BeginText();

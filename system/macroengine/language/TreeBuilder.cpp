@@ -107,7 +107,8 @@ void TreeBuilder::Option(const MacroToken& name) {
             fail("Expected statement");
     m_Processor.getOptions().explicitDeclarations = 1;
     if (auto* unit = tree().GetCurrentUnit())
-        unit->m_ExplicitLine = tree().GetOrCreatePosition(nullptr, line);
+        unit->m_ExplicitLines.push_back(
+            {tree().GetOrCreatePosition(nullptr, line), tree().m_Parent});
 }
 
 void TreeBuilder::Let(const MacroToken& target, const MacroToken& value) {

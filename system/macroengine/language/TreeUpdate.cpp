@@ -157,13 +157,11 @@ void TreeUpdate::releaseMarked() {
         m_Processor.m_Current = {nullptr, false};
     for (const Position* position : m_Marked)
         forgetNamesOf(*position);
-    for (Position* position : m_Marked) {
-        if (m_Unit.m_ExplicitLine == position) {
-            m_Unit.m_ExplicitLine = nullptr;
-            m_Processor.m_Options.explicitDeclarations = 0;
-        }
+    for (Position* position : m_Marked)
         m_Tree.ReleaseLine(*position);
-    }
+    auto& options = m_Unit.m_ExplicitLines;
+    std::erase_if(options, [](const auto& option) { return option.line->line < 0; });
+    m_Processor.m_Options.explicitDeclarations = options.empty() ? 0 : 1;
     for (Position* position : m_Removed) {
         position->isRemoved = false;
         m_Unit.m_FreePositions.push_back(position);

@@ -15,7 +15,7 @@ TreeUpdate::Result TreeUpdate::Parse() {
     releaseMarked();
     Result result = Result::Done;
     if (!parseRuns())
-        result = isSound() ? widen() : Result::Open;
+        result = m_Processor.m_StopPending ? Result::Broken : isSound() ? widen() : Result::Open;
     if (result != Result::Done)
         return result;
     for (long i = 0; i < static_cast<long>(lines().size()); ++i)
@@ -50,9 +50,11 @@ bool TreeUpdate::parseRuns() {
         if (position && position->scope)
             scope = position->scope;
     }
-    const Position* option = m_Unit.m_ExplicitLine;
-    const Node* first = m_Unit.m_Root.GetFirstChild();
-    return !option || option->line < 0 || !first || first->GetLine() >= option->line;
+    return std::none_of(m_Unit.m_ExplicitLines.begin(), m_Unit.m_ExplicitLines.end(),
+                        [](const ParserTree::OptionLine& option) {
+                            const Node* first = option.block->GetFirstChild();
+                            return first && first->GetLine() < option.line->line;
+                        });
 }
 
 /// Parses one run of lines into the block around it. False, with nothing of it left behind, if it
@@ -158,8 +160,12 @@ TreeUpdate::Node* TreeUpdate::siblingBehind(long line, const Node* scope) const 
 TreeUpdate::Range TreeUpdate::includeComments(Range range) const {
     const auto isBare = [this](long line) {
         const Position* position = lineAt(line);
-        return !position || (position->line >= 0 && !position->firstNode && !position->scope &&
-                             !position->blockBegin && position != m_Unit.m_ExplicitLine);
+        const bool isEmpty = !position || (position->line >= 0 && !position->firstNode &&
+                                           !position->scope && !position->blockBegin);
+        const auto& options = m_Unit.m_ExplicitLines;
+        return isEmpty && std::none_of(options.begin(), options.end(), [&](const auto& option) {
+                   return position && option.line == position;
+               });
     };
     while (range.first > 0 && isBare(range.first - 1))
         --range.first;
