@@ -3,19 +3,17 @@
 #include "DebugFixture.h"
 #include "EditedSource.h"
 
-#include <chrono>
+#include <ctime>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
+/// Of the processor: other programs run on the machine, too.
 double secondsOf(const std::function<void()>& action) {
-    const auto start = Clock::now();
+    const std::clock_t start = std::clock();
     action();
-    return std::chrono::duration<double>(Clock::now() - start).count();
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
-/// The best of several attempts: other programs run on the machine, too.
 double bestOf(int attempts, const std::function<void()>& action) {
     double best = secondsOf(action);
     while (--attempts > 0)
