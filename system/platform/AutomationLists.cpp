@@ -1,5 +1,6 @@
 // Lists of values as arrays and as enumerators.
 
+#include "AutomationCounted.h"
 #include "AutomationObject.h"
 
 #include <limits>
@@ -9,28 +10,10 @@ namespace automation {
 
 namespace {
 
-class ListEnumerator final : public IEnumVARIANT {
+class ListEnumerator final : public CountedInterface<IEnumVARIANT, IID_IEnumVARIANT> {
 public:
     ListEnumerator(std::vector<COleVariant> values, std::size_t next)
         : m_Values(std::move(values)), m_Next(next) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        if (!object)
-            return E_POINTER;
-        *object = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IEnumVARIANT)
-            return E_NOINTERFACE;
-        AddRef();
-        *object = static_cast<IEnumVARIANT*>(this);
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_References; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --m_References;
-        if (left == 0)
-            delete this;
-        return left;
-    }
 
     HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) override {
         if (fetched)
@@ -62,23 +45,12 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override {
-        if (!copy)
-            return E_POINTER;
-        try {
-            *copy = new ListEnumerator(m_Values, m_Next);
-            return S_OK;
-        } catch (const std::bad_alloc&) {
-            *copy = nullptr;
-            return E_OUTOFMEMORY;
-        }
+        return MakeInterface<ListEnumerator>(copy, m_Values, m_Next);
     }
 
 private:
-    ~ListEnumerator() = default;
-
     std::vector<COleVariant> m_Values;
     std::size_t m_Next;
-    ULONG m_References = 1;
 };
 
 template <class I> COleVariant own(I* object, VARTYPE type, I* VARIANT::*place) {

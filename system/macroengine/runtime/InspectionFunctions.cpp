@@ -16,6 +16,16 @@ int dimensionOf(int argc, const UI_MacroVariant* argv) {
     return argv[1].GetRVal() && IsChosen(argc, argv, 1) ? static_cast<int>(argv[1]) : -1;
 }
 
+UI_MacroVariant boundOf(int argc, UI_MacroVariant* argv, int (UI_MacroVariant::*bound)(int) const) {
+    if (argc < 1 || argc > 2 || !argv)
+        return wrongArguments();
+    const int dimension = dimensionOf(argc, argv);
+    const UI_MacroVariant* array = argv[0].GetRVal();
+    if (!array || array->GetType() != vvtArray)
+        return wrongArguments();
+    return (array->*bound)(dimension);
+}
+
 enum VarTypeCode {
     vtEmpty = 0,
     vtNull = 1,
@@ -142,21 +152,9 @@ UI_MacroVariant MacroVarType(int argc, UI_MacroVariant* argv) {
 }
 
 UI_MacroVariant MacroLBound(int argc, UI_MacroVariant* argv) {
-    if (argc < 1 || argc > 2 || !argv)
-        return wrongArguments();
-    const int dimension = dimensionOf(argc, argv);
-    const UI_MacroVariant* array = argv[0].GetRVal();
-    if (!array || array->GetType() != vvtArray)
-        return wrongArguments();
-    return array->GetArrayLowerBound(dimension);
+    return boundOf(argc, argv, &UI_MacroVariant::GetArrayLowerBound);
 }
 
 UI_MacroVariant MacroUBound(int argc, UI_MacroVariant* argv) {
-    if (argc < 1 || argc > 2 || !argv)
-        return wrongArguments();
-    const int dimension = dimensionOf(argc, argv);
-    const UI_MacroVariant* array = argv[0].GetRVal();
-    if (!array || array->GetType() != vvtArray)
-        return wrongArguments();
-    return array->GetArrayUpperBound(dimension);
+    return boundOf(argc, argv, &UI_MacroVariant::GetArrayUpperBound);
 }

@@ -4,32 +4,20 @@
 // release ends them.
 
 #include <Automation.h>
+#include <AutomationCounted.h>
 
 #include "values/ArrayWalk.h"
 #include "values/Bridge.h"
 
 /// What the enumerators have in common. They neither skip nor copy themselves.
-class cArrayEnumBase : public IEnumVARIANT {
+class cArrayEnumBase : public automation::CountedInterface<IEnumVARIANT, IID_IEnumVARIANT> {
 public:
-    cArrayEnumBase() = default;
-    cArrayEnumBase(const cArrayEnumBase&) = delete;
-    cArrayEnumBase& operator=(const cArrayEnumBase&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) override;
     HRESULT STDMETHODCALLTYPE Skip(ULONG count) override;
     HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override;
 
     /// The next item as a value; false at the end. Raises: any.
     virtual bool TakeNext(UI_MacroVariant& item) = 0;
-
-protected:
-    virtual ~cArrayEnumBase() = default;
-
-private:
-    ULONG m_References = 1;
 };
 
 /// Over the elements of an array, for objects of a host that are collections.

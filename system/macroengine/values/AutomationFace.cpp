@@ -1,5 +1,6 @@
 #include "AutomationFace.h"
 
+#include <AutomationCounted.h>
 #include <AutomationObject.h>
 #include <MacroException.h>
 #include <SYS_Unicode.h>
@@ -96,30 +97,13 @@ HRESULT tellError(const SYS_String& text, EXCEPINFO* exception) {
     return DISP_E_EXCEPTION;
 }
 
-class Face final : public IDispatch {
+class Face final : public automation::CountedInterface<IDispatch, IID_IDispatch> {
 public:
     explicit Face(MacroEval& object)
         : m_Object(static_cast<UI_MacroVariant*>(&object)), m_Place(&object) {}
 
     MacroEval* GetObject() const { return static_cast<MacroEval*>(m_Object.getRefVal()); }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        if (!object)
-            return E_POINTER;
-        *object = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IDispatch)
-            return E_NOINTERFACE;
-        AddRef();
-        *object = static_cast<IDispatch*>(this);
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_References; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --m_References;
-        if (left == 0)
-            delete this;
-        return left;
-    }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         if (!count)
             return E_POINTER;
@@ -150,7 +134,7 @@ public:
                                      VARIANT* result, EXCEPINFO* exception, UINT*) override;
 
 private:
-    ~Face() {
+    ~Face() override {
         FaceTable& table = faces();
         table.all.erase(this);
         const auto entry = table.byObject.find(m_Place);
@@ -164,7 +148,6 @@ private:
 
     UI_MacroVariant m_Object;             // a Reference: what lives by its References stays alive
     const UI_MacroVariant* const m_Place; // where the object stands or stood; only compared
-    ULONG m_References = 1;
 };
 
 UI_MacroVariant Face::evaluate(MacroEval& object, const SYS_String* name, ArgumentList& list,

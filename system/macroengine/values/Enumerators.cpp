@@ -48,26 +48,6 @@ Counted<IEnumVARIANT> itemsOf(IDispatch& object) {
 
 // --- cArrayEnumBase --------------------------------------------------------------------------
 
-HRESULT cArrayEnumBase::QueryInterface(REFIID iid, void** object) {
-    if (!object)
-        return E_POINTER;
-    *object = nullptr;
-    if (iid != IID_IUnknown && iid != IID_IEnumVARIANT)
-        return E_NOINTERFACE;
-    *object = static_cast<IEnumVARIANT*>(this);
-    AddRef();
-    return S_OK;
-}
-
-ULONG cArrayEnumBase::AddRef() { return ++m_References; }
-
-ULONG cArrayEnumBase::Release() {
-    const ULONG left = --m_References;
-    if (left == 0)
-        delete this;
-    return left;
-}
-
 HRESULT cArrayEnumBase::Next(ULONG count, VARIANT* values, ULONG* fetched) {
     if (fetched)
         *fetched = 0;

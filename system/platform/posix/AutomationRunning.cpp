@@ -2,6 +2,7 @@
 // that look through them.
 
 #include <Automation.h>
+#include <AutomationCounted.h>
 
 #include <SYS_Unicode.h>
 
@@ -12,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+using automation::CountedInterface;
+using automation::MakeInterface;
 using kel_ns::SYS_String;
 using kel_ns::SYS_StrNoCase;
 
@@ -38,53 +41,7 @@ std::list<Running>::iterator findRunning(const char* name) {
 
 bool isName(const char* name) { return name && *name != '\0'; }
 
-/// What the interfaces below share: one interface beside IUnknown, and an end with the last
-/// reference.
-template <class I, const IID& iid> class Counting : public I {
-public:
-    Counting() = default;
-    Counting(const Counting&) = delete;
-    Counting& operator=(const Counting&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
-        if (!object)
-            return E_POINTER;
-        *object = nullptr;
-        if (wanted != IID_IUnknown && wanted != iid)
-            return E_NOINTERFACE;
-        AddRef();
-        *object = static_cast<I*>(this);
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_References; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --m_References;
-        if (left == 0)
-            delete this;
-        return left;
-    }
-
-protected:
-    virtual ~Counting() = default;
-
-private:
-    ULONG m_References = 1;
-};
-
-/// Makes an object for an out-parameter.
-template <class T, class I, class... A> HRESULT make(I** out, A&&... arguments) {
-    if (!out)
-        return E_POINTER;
-    *out = nullptr;
-    try {
-        *out = new T(std::forward<A>(arguments)...);
-        return S_OK;
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    }
-}
-
-class Moniker final : public Counting<IMoniker, IID_IMoniker> {
+class Moniker final : public CountedInterface<IMoniker, IID_IMoniker> {
 public:
     explicit Moniker(const SYS_String& name) : m_Name(name) {}
 
@@ -111,7 +68,7 @@ private:
 };
 
 /// Over the names that were running when it was made.
-class MonikerEnumerator final : public Counting<IEnumMoniker, IID_IEnumMoniker> {
+class MonikerEnumerator final : public CountedInterface<IEnumMoniker, IID_IEnumMoniker> {
 public:
     explicit MonikerEnumerator(std::vector<SYS_String> names, std::size_t next = 0)
         : m_Names(std::move(names)), m_Next(next) {}
@@ -123,7 +80,7 @@ public:
             return E_POINTER;
         ULONG given = 0;
         for (; given < count && m_Next < m_Names.size(); ++given, ++m_Next) {
-            const HRESULT made = make<Moniker>(&monikers[given], m_Names[m_Next]);
+            const HRESULT made = MakeInterface<Moniker>(&monikers[given], m_Names[m_Next]);
             if (SUCCEEDED(made))
                 continue;
             m_Next -= given;
@@ -145,7 +102,7 @@ public:
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Clone(IEnumMoniker** copy) override {
-        return make<MonikerEnumerator>(copy, m_Names, m_Next);
+        return MakeInterface<MonikerEnumerator>(copy, m_Names, m_Next);
     }
 
 private:
@@ -153,7 +110,8 @@ private:
     std::size_t m_Next;
 };
 
-class RunningObjectTable final : public Counting<IRunningObjectTable, IID_IRunningObjectTable> {
+class RunningObjectTable final
+    : public CountedInterface<IRunningObjectTable, IID_IRunningObjectTable> {
 public:
     HRESULT STDMETHODCALLTYPE GetObject(IMoniker* moniker, IUnknown** object) override {
         if (!moniker || !object)
@@ -178,17 +136,17 @@ public:
             std::vector<SYS_String> names;
             for (const Running& each : runningObjects())
                 names.push_back(each.name);
-            return make<MonikerEnumerator>(monikers, std::move(names));
+            return MakeInterface<MonikerEnumerator>(monikers, std::move(names));
         } catch (const std::bad_alloc&) {
             return E_OUTOFMEMORY;
         }
     }
 };
 
-class BindContext final : public Counting<IBindCtx, IID_IBindCtx> {
+class BindContext final : public CountedInterface<IBindCtx, IID_IBindCtx> {
 public:
     HRESULT STDMETHODCALLTYPE GetRunningObjectTable(IRunningObjectTable** table) override {
-        return make<RunningObjectTable>(table);
+        return MakeInterface<RunningObjectTable>(table);
     }
 };
 
@@ -239,6 +197,6 @@ IUnknown* FindRunning(const char* displayName) {
 
 } // namespace automation
 
-HRESULT CreateBindCtx(DWORD, IBindCtx** context) { return make<BindContext>(context); }
+HRESULT CreateBindCtx(DWORD, IBindCtx** context) { return MakeInterface<BindContext>(context); }
 
 void CoTaskMemFree(void* memory) { std::free(memory); }
