@@ -5,7 +5,6 @@
 #include <UI_MacroProcessor.h>
 
 #include <algorithm>
-#include <vector>
 
 #include "engine/Frames.h"
 #include "language/Scanner.h"
@@ -341,14 +340,4 @@ void ParserTree::ReleaseLine(Position& position) {
     position.scope = nullptr;
     position.line = -1;
     position.isMarked = false;
-}
-
-void ParserTree::SortChildrenByLine(Node& node) {
-    std::vector<Node*> children;
-    for (Node* child = node.GetFirstChild(); child; child = child->GetNextSibling())
-        children.push_back(child);
-    std::stable_sort(children.begin(), children.end(),
-                     [](const Node* a, const Node* b) { return a->GetLine() < b->GetLine(); });
-    for (Node* child : children)
-        node.AppendChild(child);
 }

@@ -559,7 +559,6 @@ public:
     void ReleaseLine(Position& position);
     /// Thrown where a piece of text would close a block that stands around it.
     struct BlockIsOutside {};
-    static void SortChildrenByLine(Node& node);
 
     // State of a parse.
     Node* m_Parent = nullptr; // where the next statement attaches; null outside parsing

@@ -147,28 +147,6 @@ TEST_F(ParserTreeTest, LineRecordsAreMadeOnceRevivedAndRecycled) {
     EXPECT_EQ(asserts.Take().size(), 1u);
 }
 
-TEST_F(ParserTreeTest, ChildrenAreSortedByLineAndStayInOrderWithinALine) {
-    ASSERT_TRUE(parse(""));
-    const auto at = [&](long number) {
-        return tree().CreateAt<DimNode>(tree().GetOrCreatePosition(nullptr, number));
-    };
-    Node* const three = at(3);
-    Node* const one = at(1);
-    Node* const none = tree().CreateAt<DimNode>(nullptr);
-    Node* const oneMore = at(1);
-    Node* const two = at(2);
-    Node& root = unit().m_Root;
-    for (Node* node : {three, one, none, oneMore, two})
-        root.AppendChild(node);
-    Tree::SortChildrenByLine(root);
-    EXPECT_EQ(childrenOf(root), (Nodes{none, one, oneMore, two, three}));
-    Tree::SortChildrenByLine(root);
-    EXPECT_EQ(childrenOf(root), (Nodes{none, one, oneMore, two, three}));
-    Tree::SortChildrenByLine(*one);
-    EXPECT_EQ(childrenOf(*one), Nodes{});
-    none->Release(tree()); // no line record would free it
-}
-
 // --- Life of nodes -------------------------------------------------------------------------------
 
 TEST_F(ParserTreeTest, ReleasingANodeLeavesItsChildrenAlive) {
