@@ -12,10 +12,21 @@ bool startsRem(const char* p) {
 }
 
 bool mayHoldRem(const char* text) {
-    for (const char* p = std::strpbrk(text, "rR"); p; p = std::strpbrk(p + 1, "rR"))
+    for (const char* p = text; *p; ++p)
         if (startsRem(p))
             return true;
     return false;
+}
+
+/// Adds where the lines behind `cursor` begin. The end bounds each search.
+void addLineStarts(std::vector<std::size_t>& starts, const SYS_String& text, const char* cursor) {
+    const char* const begin = text.c_str();
+    const char* const end = begin + text.GetLength();
+    const auto next = [end](const char* p) {
+        return static_cast<const char*>(std::memchr(p, '\n', static_cast<std::size_t>(end - p)));
+    };
+    for (const char* p = next(cursor); p; p = next(p + 1))
+        starts.push_back(static_cast<std::size_t>(p + 1 - begin));
 }
 
 } // namespace
@@ -59,9 +70,7 @@ SYS_String SourceLines::GetLine(long line) const {
 
 void SourceLines::cutAtLineEnds() {
     m_Starts.assign(1, 0);
-    const char* const text = m_Text.c_str();
-    for (const char* p = std::strchr(text, '\n'); p; p = std::strchr(p + 1, '\n'))
-        m_Starts.push_back(static_cast<std::size_t>(p + 1 - text));
+    addLineStarts(m_Starts, m_Text, m_Text.c_str());
 }
 
 void SourceLines::cutAtCountedLines() {
@@ -77,6 +86,5 @@ void SourceLines::cutAtCountedLines() {
         while (m_Starts.size() <= counted)
             m_Starts.push_back(static_cast<std::size_t>(cursor - text));
     }
-    for (const char* p = std::strchr(cursor, '\n'); p; p = std::strchr(p + 1, '\n'))
-        m_Starts.push_back(static_cast<std::size_t>(p + 1 - text));
+    addLineStarts(m_Starts, m_Text, cursor);
 }
