@@ -10,8 +10,11 @@ public:
     enum Type { Empty = 0, Integer = 2, Real = 3, String = 4 };
 
     SCC_Variant() noexcept = default;
+    /// From whatever an assignment below takes, and from nothing else: what converts to this class
+    /// by an operator of its own must not end here.
     template <class T>
-    requires(!std::same_as<std::remove_cvref_t<T>, SCC_Variant>) SCC_Variant(const T& value) {
+    requires(std::is_arithmetic_v<T> || std::is_convertible_v<const T&, const void*> ||
+             std::is_convertible_v<const T&, SYS_String>) SCC_Variant(const T& value) {
         *this = value;
     }
 

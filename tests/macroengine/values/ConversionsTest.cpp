@@ -184,7 +184,7 @@ TEST_F(ConversionsTest, ReferencesFollowTheirTarget) {
 }
 
 TEST_F(ConversionsTest, VariantsOfTheFoundation) {
-    auto convert = [](const UI_MacroVariant& value) { return value.operator SCC_Variant(); };
+    auto convert = [](const UI_MacroVariant& value) { return SCC_Variant(value); };
     EXPECT_EQ(convert(UI_MacroVariant(__int64{4294967296})).ToInteger(), 0);
     EXPECT_EQ(convert(UI_MacroVariant(2.5)).GetType(), SCC_Variant::Real);
     EXPECT_EQ(convert(UI_MacroVariant(true)).ToInteger(), 1);

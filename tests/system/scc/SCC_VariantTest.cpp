@@ -7,6 +7,9 @@
 
 using namespace kel_ns;
 
+struct Foreign {};
+static_assert(!std::is_constructible_v<SCC_Variant, Foreign>);
+
 TEST(SCC_Variant, ConvertsBetweenItsTypes) {
     int object = 0;
     struct {
