@@ -4,9 +4,18 @@
 #include "MacroFiles.h"
 #include "macroengine/EngineFixture.h"
 
+#include <cstring>
+
 namespace {
 
 using namespace macrofiles;
+
+/// A cut turns "End WithDlg" into "End With", which is reported where it ends the other block.
+bool failUnlessCutWord(const char* message, const char* file, int line) {
+    if (!std::strstr(message, "closed by the other word"))
+        ADD_FAILURE_AT(file, line) << "Unexpected assertion: " << message;
+    return true;
+}
 
 constexpr int kStatements = 2000; // a cut may turn a loop into an endless one
 
@@ -29,7 +38,10 @@ protected:
         MacroSupport::SetLimits(limits);
     }
 
-    ~Truncation() override { fs::current_path(m_Old); }
+    ~Truncation() override {
+        kel_ns::SetAssertHandler(m_OldHandler);
+        fs::current_path(m_Old);
+    }
 
     void runCut(std::string_view text, Feed feed) {
         m_Left = kStatements;
@@ -42,6 +54,7 @@ protected:
     }
 
 private:
+    const kel_ns::SCL_AssertHandler m_OldHandler = kel_ns::SetAssertHandler(failUnlessCutWord);
     const fs::path m_Old = fs::current_path();
     const TestFolder m_Folder;
     Recorder m_Console;

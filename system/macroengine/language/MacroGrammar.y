@@ -164,8 +164,8 @@ with: WITH expr { build.OpenWith($2, false); }
     | WITHDLG expr { build.OpenWith($2, true); }
     ;
 
-with_end: END WITH { build.EndWith(); }
-    | END WITHDLG { build.EndWith(); }
+with_end: END WITH { build.EndWith(false); }
+    | END WITHDLG { build.EndWith(true); }
     ;
 
 with_statement: with statement_list_nl with_end

@@ -94,7 +94,7 @@ public:
     void OpenWhile(const MacroToken& condition);
     void Wend();
     void OpenWith(const MacroToken& object, bool isDialog);
-    void EndWith();
+    void EndWith(bool isDialog);
     void ExitFor();
     void ExitDo();
     void ExitSub();

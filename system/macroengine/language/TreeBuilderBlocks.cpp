@@ -1,3 +1,5 @@
+#include <SCL_Assert.h>
+
 #include "language/Tokens.h"
 #include "language/TreeBuilderImpl.h"
 
@@ -232,9 +234,11 @@ void TreeBuilder::OpenWith(const MacroToken& object, bool isDialog) {
     node->AppendChild(makeValue<ParserTree::WithContext>());
 }
 
-void TreeBuilder::EndWith() {
-    if (!openBlock<ParserTree::With, true>())
+void TreeBuilder::EndWith(bool isDialog) {
+    const auto* block = openBlock<ParserTree::With, true>();
+    if (!block)
         fail(openBlock<ParserTree::ForStm, true>() ? errForWithoutNext : errIllegalNesting);
+    SCL_ASSERT(block->isDialog == isDialog, "TreeBuilder::EndWith: closed by the other word");
     tree().CloseBlock();
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "../../system/AssertRecorder.h"
 #include "ParseText.h"
 
 namespace {
@@ -37,6 +38,14 @@ TEST(TreeBuilder, WordOperators) {
          "Statement let {Object x; BinaryOp imp {BoolValue true; BinaryOp eqv {BoolValue "
          "false; BinaryOp xor {LongValue 1; DoubleValue 2.5}}}}"},
     });
+}
+
+TEST(TreeBuilder, AWithBlockThatEndsByTheOtherWordIsReported) {
+    for (const char* text : {"With a\nEnd WithDlg", "WithDlg a\nEnd With"}) {
+        AssertRecorder asserts;
+        EXPECT_TRUE(ParseText(text).ok) << text;
+        EXPECT_FALSE(asserts.Take().empty()) << text;
+    }
 }
 
 TEST(TreeBuilder, NamesAndCalls) {
@@ -87,7 +96,7 @@ TEST(TreeBuilder, SelectAndLoops) {
          "DoLoop {Statement call {ObjectExec {Object a call}}; WhileCond {UnaryOp until "
          "{LongValue 1}}; Loop}"},
         {"While 1\nWend", "WhileWend {WhileCond {LongValue 1}}"},
-        {"With 1\n.x = 2\nEnd WithDlg",
+        {"With 1\n.x = 2\nEnd With",
          "With {LongValue 1; WithContext; Statement let {Object .x; LongValue 2}}"},
     });
 }

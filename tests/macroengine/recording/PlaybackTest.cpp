@@ -55,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
               "Options.Show\nwithDlg Options\n.Set 1\n.Set 2\nend withDlg\nLog.Add \"after\"",
               {"Options 1", "Options 2", "closed Options 3", "after"}},
         Round{"AsTheLastStatement",
-              "Options.Show\nwithDlg Options\n.Set 1\nend with",
+              "Options.Show\nwithDlg Options\n.Set 1\nend withDlg",
               {"Options 1", "closed Options 3"}},
         Round{"TwiceForTwoDialogs",
               "Log.Add Options.Show() + Options.Show()\nwithDlg Options\n.Set 1\nend withDlg",

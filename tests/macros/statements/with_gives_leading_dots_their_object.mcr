@@ -9,11 +9,11 @@ End With
 .WriteLine "c"
 For i = 1 To 2 Step 1 : .WriteLine "d", i : Next
 If i = 3 Then .WriteLine "e"
-End WithDlg
+End With
 ' A dialog's block waits for the host to open the dialog: the walk passes over it.
 WithDlg Unread()
 .WriteLine "never"
-End With
+End WithDlg
 For i = 1 To 2
 With o
 .WriteLine "g", i
