@@ -148,7 +148,8 @@ void MacroParser::ParseText(SYS_String& text, bool continues) {
         message << "\n";
         if (!error.GetFilePath().IsEmpty())
             message << "File " << error.GetFilePath() << " ";
-        message << "Line " << (error.GetPosition() + 1) << ": " << m_Scanner->GetFailingLine();
+        message << "Line " << (error.GetPosition() + 1) << ": "
+                << m_Scanner->GetFailingLine(continues);
         scan.cursor = nullptr;
         throw MacroException(message, error.GetFilePath(), error.GetPosition(), error.GetSource());
     }

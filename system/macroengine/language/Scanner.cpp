@@ -321,13 +321,16 @@ int MacroScanner::punctuation(const char*& p, const char* start, bool spaceBefor
     return is(*p, kSpace) ? tokMisplacedDot : tokLeadingDot;
 }
 
-SYS_String MacroScanner::GetFailingLine() const {
-    const char* begin = m_State.tokenStart;
-    if (!begin)
+SYS_String MacroScanner::GetFailingLine(bool linesEndTexts) const {
+    const char* at = m_State.tokenStart;
+    if (!at)
         return SYS_String();
+    if (linesEndTexts && *at == 0 && at != m_State.bufferStart && at[-1] == '\n')
+        --at; // a line that was read by itself ends with its line end
+    const char* begin = at;
     while (begin != m_State.bufferStart && begin[-1] != '\n')
         --begin;
-    const char* end = m_State.tokenStart;
+    const char* end = at;
     while (*end && *end != '\n')
         ++end;
     while (end != begin && end[-1] == '\r')

@@ -86,7 +86,7 @@ public:
         m_State.lastToken = token;
     }
     /// The line of the text in which the last token begins, without its line end.
-    SYS_String GetFailingLine() const;
+    SYS_String GetFailingLine(bool linesEndTexts) const;
 
     /// Writes the place of every token to the debugger output.
     static void SetTrace(bool on) { s_Trace = on; }

@@ -177,10 +177,18 @@ TEST(Scanner, FailingLineIsThePhysicalOne) {
     for (int i = 0; i < 3; ++i)
         scan.Next();
     EXPECT_EQ(scan.scanner.GetTokenLine(), 4);
-    EXPECT_STREQ(scan.scanner.GetFailingLine().c_str(), "  a = 1");
+    EXPECT_STREQ(scan.scanner.GetFailingLine(false).c_str(), "  a = 1");
     while (scan.Next() > 0) {
     }
-    EXPECT_STREQ(scan.scanner.GetFailingLine().c_str(), "last");
+    EXPECT_STREQ(scan.scanner.GetFailingLine(false).c_str(), "last");
+}
+
+TEST(Scanner, FailingLineOfATextOfOneLineHoldsItsEnd) {
+    Scan scan("While 1\n");
+    while (scan.Next() > 0) {
+    }
+    EXPECT_STREQ(scan.scanner.GetFailingLine(true).c_str(), "While 1");
+    EXPECT_STREQ(scan.scanner.GetFailingLine(false).c_str(), "");
 }
 
 TEST(Scanner, EqualTextsShareOneBuffer) {
