@@ -223,6 +223,12 @@ TEST_F(DebuggerTest, AnErrorIsLookedAtBeforeAnythingIsUnwound) {
     };
     EXPECT_EQ(run(source), (Lines{"1", "2", "Error: Unknown error: "}));
     EXPECT_EQ(seen, "7 in work 7 2 n=1 a=2 Error: Unknown error: ");
+    // What a look raised or cleared is not what ended the run.
+    EXPECT_EQ(processor().GetLastErrorCode(), errRuntime);
+    EXPECT_EQ(processor().GetLastErrorLine(), 7);
+    source->onError = [&](MacroException&) { return eval("1 + 1") != "2"; };
+    run(source);
+    EXPECT_EQ(processor().GetLastErrorCode(), errRuntime);
 }
 
 TEST_F(DebuggerTest, EvaluationsWorkInEveryCallback) {

@@ -179,8 +179,17 @@ void MacroParser::pausedTurn() {
 
 bool MacroParser::stopOnError(MacroException& error) {
     m_BetweenSteps = true;
-    if (!m_Current.node || !m_Source || !m_Source->BreakOnError(error))
+    if (!m_Current.node || !m_Source)
         return false;
+    const int code = m_LastErrorCode;
+    const long errorLine = m_LastErrorLine;
+    const SYS_String text = m_LastErrorText;
+    if (!m_Source->BreakOnError(error)) {
+        m_LastErrorCode = code; // a look at the values has left its own
+        m_LastErrorLine = errorLine;
+        m_LastErrorText = text;
+        return false;
+    }
     if (!m_Current.node)
         return true; // the source ended the run
     ParserTree::Node* node = m_Current.node;
