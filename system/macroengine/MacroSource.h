@@ -33,7 +33,9 @@ public:
     /// Back to the start of the text. Also called when a processor lets go of the source.
     virtual void Reset() = 0;
     /// Gives the next piece of text (a line, or all of it) and 1; 0 at the end. A line may come
-    /// with or without its end; a NUL ends the text. `forParsing` is always true.
+    /// with or without its end; a NUL ends the text. `forParsing` is always true. Where the lines
+    /// come one by one, their numbers are those that the source keeps: it calls SetPosition with
+    /// the number of the line that it gives, and SetNextPosition with that of the next.
     virtual int GetNextLine(SYS_String& line, bool forParsing) = 0;
     /// Stands in errors and is what scripts that the macro runs lie beside; may be empty.
     virtual SYS_String GetFileName() = 0;

@@ -148,42 +148,43 @@ void handModeBack(MacroSupport& parent, MacroSupport::ExecutionMode earlier,
     }
 }
 
-} // namespace
-
-UI_MacroVariant UI_Macro::run(SYS_String const& file, SYS_String const& function,
-                              UI_MacroVariant* args, int argCount) {
-    UI_MacroImpl* engine = &impl();
-    const EntryGuard entry(*engine);
-    SCL_ASSERT(engine == MacroSupport::GetProcessor(),
+/// Runs in an engine that may lose its owner meanwhile.
+UI_MacroVariant run(UI_MacroImpl& engine, SYS_String const& file, SYS_String const& function,
+                    UI_MacroVariant* args, int argCount) {
+    const EntryGuard entry(engine);
+    SCL_ASSERT(&engine == MacroSupport::GetProcessor(),
                "UI_Macro: this engine is not the current processor");
     UI_MacroVariant result;
-    if (engine != MacroSupport::GetProcessor())
+    if (&engine != MacroSupport::GetProcessor())
         return result;
-    MacroSupport* parent = engine->GetParentProcessor();
+    MacroSupport* parent = engine.GetParentProcessor();
     const auto earlier = parent ? parent->GetExecutionMode() : MacroSupport::emRun;
     if (parent && earlier == MacroSupport::emStepInto)
-        engine->SetExecutionMode(function.IsEmpty() ? MacroSupport::emStepOver
-                                                    : MacroSupport::emStepInto);
+        engine.SetExecutionMode(function.IsEmpty() ? MacroSupport::emStepOver
+                                                   : MacroSupport::emStepInto);
     else
-        engine->SetExecutionMode(MacroSupport::emRun);
+        engine.SetExecutionMode(MacroSupport::emRun);
 
     try {
-        result = engine->ExecuteMacro(file, function, args, argCount);
+        result = engine.ExecuteMacro(file, function, args, argCount);
     } catch (const MacroStopException&) {
-        SCL_ASSERT(engine->GetExecutionMode() == MacroSupport::emStopped,
+        SCL_ASSERT(engine.GetExecutionMode() == MacroSupport::emStopped,
                    "Unexpected Macro execution mode. Ivar Solde");
         result.Clear();
     }
-    MacroSupport* now = engine->GetParentProcessor(); // it may have ended meanwhile
+    MacroSupport* now = engine.GetParentProcessor(); // it may have ended meanwhile
     if (now && now == parent)
-        handModeBack(*now, earlier, engine->GetExecutionMode());
+        handModeBack(*now, earlier, engine.GetExecutionMode());
     return result;
 }
 
+} // namespace
+
 UI_MacroVariant UI_Macro::ExecuteMacro(SYS_String const& file, SYS_String const& function,
                                        UI_MacroVariant* args, int argCount) {
-    refuseReentry(impl());
-    return run(file, function, args, argCount);
+    UI_MacroImpl& engine = impl();
+    refuseReentry(engine);
+    return run(engine, file, function, args, argCount);
 }
 
 UI_MacroVariant UI_Macro::Execute(MacroSource* source, SYS_String const& function,
@@ -193,7 +194,9 @@ UI_MacroVariant UI_Macro::Execute(MacroSource* source, SYS_String const& functio
     refuseReentry(engine);
     const EntryGuard entry(engine);
     engine.SetSource(source);
-    return run(SYS_String(), function, args, argCount);
+    if (engine.IsStopping()) // by a callback of the reset, which may have ended this object, too
+        return UI_MacroVariant();
+    return run(engine, SYS_String(), function, args, argCount);
 }
 
 void UI_Macro::OpenMacroFile(SYS_String const& path) {
@@ -222,7 +225,7 @@ UI_MacroVariant UI_Macro::ExecuteMacroString(SYS_String const& text) {
     }
     if (!written)
         throw SYS_Exception("%s", TR(kNoTemporaryFile).c_str());
-    UI_MacroVariant result = run(path, SYS_String(), nullptr, 0);
+    UI_MacroVariant result = run(engine, path, SYS_String(), nullptr, 0);
     SFM_File(path).Delete();
     return result;
 }
@@ -257,7 +260,9 @@ int UI_Macro::EnableAutomation(char const* name, IDispatch* object) {
 void UI_Macro::StartRecording(MacroOutput* output) {
     SCL_Pointer<MacroOutput> keep(output);
     UI_MacroImpl& engine = impl();
-    if (!engine.IsBusy())
+    const bool isIdle = !engine.IsBusy();
+    const EntryGuard entry(engine);
+    if (isIdle)
         engine.Reset();
     engine.BeginRecording(output);
 }
@@ -265,9 +270,12 @@ void UI_Macro::StartRecording(MacroOutput* output) {
 void UI_Macro::StopRecording() {
     if (!m_Impl)
         return;
-    if (!m_Impl->IsBusy())
-        m_Impl->Reset();
-    m_Impl->SetOutput(nullptr);
+    UI_MacroImpl& engine = *m_Impl;
+    const bool isIdle = !engine.IsBusy();
+    const EntryGuard entry(engine);
+    if (isIdle)
+        engine.Reset();
+    engine.SetOutput(nullptr);
 }
 
 // --- The current processor ---------------------------------------------------------------------

@@ -162,8 +162,6 @@ public:
 
 private:
     UI_MacroImpl& impl();
-    UI_MacroVariant run(SYS_String const& file, SYS_String const& function, UI_MacroVariant* args,
-                        int argCount);
 
     bool m_Nested;
     UI_MacroImpl* m_Impl = nullptr;

@@ -215,7 +215,7 @@ void MacroSupport::RequestStop() {
     m_Current = {nullptr, false};
     m_StopPending = true;
     if (!IsBusy())
-        finishStop();
+        const EntryGuard entry(*this); // its end is that of the stop
 }
 
 void MacroSupport::finishStop() {

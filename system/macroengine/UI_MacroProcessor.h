@@ -362,6 +362,8 @@ public:
     bool IsBusy() const { return m_Entries > 0; }
     /// Ends what is going on; the reset follows when the outermost entry has returned.
     void RequestStop();
+    /// Whether a stop waits for the outermost entry.
+    bool IsStopping() const { return m_StopPending; }
 
 protected:
     friend class MacroParser;

@@ -166,7 +166,8 @@ public:
     /// The assignment of the language: copies what the source reads as, into the target of a
     /// Reference. Nothing happens on a constant. Raises: 31 on a fixed array, and for all but
     /// arrays on a dynamic one; 42 for an array nested too deep; unless a variable holds it,
-    /// "Object doesn't support this property or method" on an object. Re-enters: host objects.
+    /// "Object doesn't support this property or method" on an object. Where a Reference leads to
+    /// Null, the Reference itself takes the value. Re-enters: host objects.
     virtual void Assign(const UI_MacroVariant& src);
     /// The statement `Set`: binds an object. Raises: 43 for the target itself, 31 on a fixed or
     /// dynamic array, "Object cannot be referenced" where nothing can be bound. Re-enters: host

@@ -9,11 +9,11 @@ int s_NativeRuns = 0;
 } // namespace
 
 EntryGuard::~EntryGuard() {
-    if (--m_Processor.m_Entries > 0)
-        return;
-    m_Processor.m_OldTrees.clear();
-    m_Processor.finishStop();
-    if (m_Processor.m_Abandoned)
+    if (m_Processor.m_Entries == 1) { // still busy for what the end calls back
+        m_Processor.m_OldTrees.clear();
+        m_Processor.finishStop();
+    }
+    if (--m_Processor.m_Entries == 0 && m_Processor.m_Abandoned)
         delete &m_Processor;
 }
 

@@ -36,6 +36,8 @@ bool isRunning(MacroParser& processor, ParserTree::Node& node, ParserTree::Scrip
 ParserTree::ScriptUnit* parseUnit(MacroParser& processor, const SYS_String& key) {
     MacroSource* current = processor.GetSource();
     SCL_Pointer<MacroSource> source(current ? current->Clone(key) : nullptr);
+    if (processor.IsStopping())
+        return nullptr; // the source has ended the run
     if (!source)
         processor.OnError("Failed to open script file");
     ParserTree& tree = processor.GetTree();
