@@ -7,6 +7,8 @@
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
 
 namespace {
 
@@ -28,6 +30,7 @@ protected:
             constexpr std::string_view kPrompt = "sketch> ";
             while (m_Shown.find(kPrompt, from) == std::string::npos && readMore(terminal)) {
             }
+            awaitReader(terminal);
             from = m_Shown.size();
             EXPECT_EQ(::write(terminal, text.data(), text.size()),
                       static_cast<ssize_t>(text.size()));
@@ -45,6 +48,16 @@ protected:
     std::string m_Shown;
 
 private:
+    /// What is typed before the line editor has taken the terminal over may get lost.
+    static void awaitReader(int terminal) {
+        termios state{};
+        for (int i = 0; i < 10000; ++i) {
+            if (tcgetattr(terminal, &state) == 0 && (state.c_lflag & ICANON) == 0)
+                return;
+            usleep(1000);
+        }
+        ADD_FAILURE() << "nobody reads from the terminal";
+    }
     bool readMore(int terminal) {
         char part[256];
         pollfd ready = {terminal, POLLIN, 0};
