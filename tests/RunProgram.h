@@ -17,7 +17,7 @@ struct ProgramResult {
 struct ProgramInput {
     std::string text;                            ///< what standard input gives
     std::string folder;                          ///< where it runs; empty: here
-    std::chrono::milliseconds limit{20000};      ///< it is killed when this has passed
+    std::chrono::milliseconds limit{120000};     ///< it is killed when this has passed
     std::chrono::milliseconds interruptAfter{0}; ///< sends SIGINT then; 0: never
 };
 
