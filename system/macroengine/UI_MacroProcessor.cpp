@@ -214,8 +214,9 @@ void MacroSupport::RequestStop() {
     m_ExecutionMode = emStopped;
     m_Current = {nullptr, false};
     m_StopPending = true;
-    if (!IsBusy())
+    if (!IsBusy()) {
         const EntryGuard entry(*this); // its end is that of the stop
+    }
 }
 
 void MacroSupport::finishStop() {

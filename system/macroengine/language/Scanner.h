@@ -85,7 +85,8 @@ public:
         m_State.previousToken = m_State.lastToken;
         m_State.lastToken = token;
     }
-    /// The line of the text in which the last token begins, without its line end.
+    /// The line of the text in which the last token begins, without its line end. `linesEndTexts`:
+    /// the text is one line, to which the end behind its line end belongs.
     SYS_String GetFailingLine(bool linesEndTexts) const;
 
     /// Writes the place of every token to the debugger output.
