@@ -336,9 +336,9 @@ long MacroSupport::errorLine() const {
 }
 
 void MacroSupport::raise(MacroException& error, int code, long line) {
-    m_LastErrorCode = code;
-    m_LastErrorLine = line;
-    m_LastErrorText = error.GetText();
+    m_LastError.code = code;
+    m_LastError.line = line;
+    m_LastError.text = error.GetText();
     throw MacroException(error);
 }
 
@@ -369,9 +369,9 @@ UI_MacroVariant MacroSupport::OnError(const SYS_String& message) {
 }
 
 void MacroSupport::ClearLastError() {
-    m_LastErrorCode = errMessage;
-    m_LastErrorLine = 0;
-    m_LastErrorText.Clear();
+    m_LastError.code = errMessage;
+    m_LastError.line = 0;
+    m_LastError.text.Clear();
     m_FailingOffset = -1;
 }
 

@@ -223,11 +223,11 @@ public:
     UI_MacroVariant OnError(MacroERR_Code code);
     /// Of the last error since a run or check began: see MacroERR_Code; 0 for a text of its own, 1
     /// for none. Also tells of an open `For`, which ends a parse without an exception.
-    int GetLastErrorCode() const { return m_LastErrorCode; }
+    int GetLastErrorCode() const { return m_LastError.code; }
     /// From 0, as the engine counts: a `rem` line counts twice. 0 without an error.
-    long GetLastErrorLine() const { return m_LastErrorLine; }
+    long GetLastErrorLine() const { return m_LastError.line; }
     /// The whole text but for what a parse error adds about its place; "" without an error.
-    const SYS_String& GetLastErrorText() const { return m_LastErrorText; }
+    const SYS_String& GetLastErrorText() const { return m_LastError.text; }
     void ClearLastError();
 
     // Frames. 0 is the innermost; the numbers run on through the parents.
@@ -441,9 +441,12 @@ protected:
     bool m_RelativeMode = false;
 
     // Errors.
-    int m_LastErrorCode = 1;
-    long m_LastErrorLine = 0;
-    SYS_String m_LastErrorText;
+    struct LastError {
+        int code = 1;
+        long line = 0;
+        SYS_String text;
+    };
+    LastError m_LastError;
     long m_FailingOffset = -1; // of the token at which a parse failed, in its text; -1 none
     bool m_CheckMode = false;  // a parse for its own sake: the tree of a failed one stays
 

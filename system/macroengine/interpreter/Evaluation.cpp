@@ -119,9 +119,7 @@ bool MacroSupport::readEvaluation(ExecutionMode mode, EvaluationGuard& guard) {
     } catch (const MacroException&) {
         failure = std::current_exception();
     }
-    const int code = m_LastErrorCode;
-    const long line = m_LastErrorLine;
-    const SYS_String text = m_LastErrorText;
+    const LastError told = m_LastError;
     try {
         if (mayBeScript && !m_StopPending && parseEvaluation(mode, false, guard))
             return true;
@@ -129,9 +127,7 @@ bool MacroSupport::readEvaluation(ExecutionMode mode, EvaluationGuard& guard) {
         // Neither form: the first failure counts.
     }
     if (failure && !m_StopPending) {
-        m_LastErrorCode = code;
-        m_LastErrorLine = line;
-        m_LastErrorText = text;
+        m_LastError = told;
         std::rethrow_exception(failure);
     }
     return false;

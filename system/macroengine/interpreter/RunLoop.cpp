@@ -181,13 +181,9 @@ bool MacroParser::stopOnError(MacroException& error) {
     m_BetweenSteps = true;
     if (!m_Current.node || !m_Source)
         return false;
-    const int code = m_LastErrorCode;
-    const long errorLine = m_LastErrorLine;
-    const SYS_String text = m_LastErrorText;
+    const LastError told = m_LastError;
     if (!m_Source->BreakOnError(error)) {
-        m_LastErrorCode = code; // a look at the values has left its own
-        m_LastErrorLine = errorLine;
-        m_LastErrorText = text;
+        m_LastError = told; // a look at the values has left its own
         return false;
     }
     if (!m_Current.node)

@@ -105,9 +105,9 @@ void MacroParser::noteOpenBlock() {
     const long line = block.GetLine();
     MacroException error(code, m_Source->GetFileName(), static_cast<int>(line), m_Source);
     error.AddParam(SYS_String());
-    m_LastErrorCode = code;
-    m_LastErrorLine = line;
-    m_LastErrorText = error.GetText();
+    m_LastError.code = code;
+    m_LastError.line = line;
+    m_LastError.text = error.GetText();
 }
 
 bool MacroParser::ParseLine(SYS_String& text) {
